@@ -1,0 +1,36 @@
+# How every target of ours is compiled. Third-party headers come in as system headers and stay silent.
+add_library(kaloria_options INTERFACE)
+target_include_directories(kaloria_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(kaloria_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+  -Wold-style-cast -Woverloaded-virtual -Wnull-dereference -Wformat=2)
+if(KALORIA_WERROR)
+  target_compile_options(kaloria_options INTERFACE -Werror)
+endif()
+
+# The engine tells a fault by the floating-point status flags, so no arithmetic may be dropped or moved
+# across the place that reads them.
+target_compile_options(kaloria_options INTERFACE -fno-fast-math -ftrapping-math)
+# Distributions' clang before 15 warns that it honours -ftrapping-math only partly; the guard in
+# engine/numeric_fault.h does not rely on it.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  target_compile_options(kaloria_options INTERFACE -Wno-overriding-t-option -Wno-unknown-warning-option)
+endif()
+
+if(KALORIA_SANITIZE)
+  target_compile_options(kaloria_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kaloria_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(KALORIA_FUZZ)
+  target_compile_options(kaloria_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# kaloria_library(<name> SOURCES... LINKS...): static library kaloria_<name> with alias kaloria::<name>.
+function(kaloria_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(kaloria_${name} STATIC ${ARG_SOURCES})
+  add_library(kaloria::${name} ALIAS kaloria_${name})
+  target_include_directories(kaloria_${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  target_link_libraries(kaloria_${name} PRIVATE kaloria_options PUBLIC ${ARG_LINKS})
+endfunction()
