@@ -189,7 +189,7 @@ json SolveCaseLine(const std::string& line) {
     json document;
     try {
         document = json::parse(line, bounded);
-    } catch (const json::parse_error& error) {
+    } catch (const json::exception& error) { // no JSON, or a number out of range
         throw RawCaseError(error.what());
     }
     if (!document.is_object() || !document.contains("inputs")) {

@@ -310,12 +310,21 @@ double CHeatLossCalculator::DuctFlux(float surfaceTemp) {
     return bottom < top ? bottom : top;
 }
 
-double CHeatLossCalculator::CylinderFlow(double flux) const {
-    if (CalculationType == 3) {
-        return flux;
+double CHeatLossCalculator::FlowPerFoot() const {
+    return converged_ ? solutions_[0].Flux * AreaPerFoot() : std::numeric_limits<double>::quiet_NaN();
+}
+
+double CHeatLossCalculator::MeanFlux() const {
+    if (!converged_) {
+        return std::numeric_limits<double>::quiet_NaN();
     }
-    const double radius = InsulationOD == -1.0F ? radii_.back() : InsulationOD / 2.0;
-    return flux * areaPerFootAndRadius * radius;
+    return geometry::IsDuct(flowCode_) ? unitHeatFlow_ / ((2.0 * DuctWidth + 2.0 * DuctDepth) / 12.0)
+                                       : solutions_[0].Flux;
+}
+
+/// Outer surface of a cylinder per foot of length [ft2/ft].
+double CHeatLossCalculator::AreaPerFoot() const {
+    return areaPerFootAndRadius * (InsulationOD == -1.0F ? radii_.back() : InsulationOD / 2.0);
 }
 
 double CHeatLossCalculator::FlowFrom(std::int32_t code) const {
@@ -323,7 +332,7 @@ double CHeatLossCalculator::FlowFrom(std::int32_t code) const {
     const double depth = DuctDepth;
     const double flux = solutions_[0].Flux;
     if (geometry::IsCylinder(code)) {
-        return CylinderFlow(flux);
+        return CalculationType == 3 ? flux : flux * AreaPerFoot();
     }
     if (code == geometry::verticalDuct) {
         return (2.0 * width + 2.0 * depth) / 12.0 * flux;

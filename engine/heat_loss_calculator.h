@@ -98,6 +98,13 @@ public:
     /// NaN unless Converged().
     [[nodiscard]] float UnitHeatFlow() const { return unitHeatFlow_; }
 
+    /// Heat flow of a cylinder per foot of length, whatever the CalculationType [Btu/(h ft)]; NaN unless Converged().
+    [[nodiscard]] double FlowPerFoot() const;
+
+    /// Mean heat flux over the outer surface [Btu/(h ft2)]; of ducts over the duct's own perimeter, as their flow is
+    /// reckoned. NaN unless Converged().
+    [[nodiscard]] double MeanFlux() const;
+
     /// One solution of the iteration.
     struct Solution {
         std::int32_t GeometryCode = 0;     ///< with which it was run
@@ -154,7 +161,7 @@ private:
     void FitLayers();
     void CopyResults();
     [[nodiscard]] double FlowFrom(std::int32_t code) const;
-    [[nodiscard]] double CylinderFlow(double flux) const;
+    [[nodiscard]] double AreaPerFoot() const;
 
     std::vector<float> thicknesses_; // wall, layers [in]
     std::vector<float> radii_;       // cylinders: bore, outside of each element [in]

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands.h"
+#include "data/atomic_file.h"
+#include "data/configuration_file.h"
+#include "data/job_file.h"
+
+#include <iostream>
+
+namespace kaloria::cli {
+
+namespace {
+
+constexpr std::size_t largestFile = 64U << 20U;
+
+/// A job by its name, or by its root element where the name does not say.
+bool IsJob(const std::filesystem::path& file) {
+    if (file.extension() == ".kal") {
+        return true;
+    }
+    return file.extension() != ".xml" && ReadFile(file, largestFile).find("<Job") != std::string::npos;
+}
+
+} // namespace
+
+int RunCheck(const CheckOptions& options, const std::filesystem::path& programFolder) {
+    std::vector<FileProblem> problems;
+    try {
+        (void)ReadFile(options.file, largestFile);
+        if (IsJob(options.file)) {
+            Workplace workplace(programFolder);
+            problems = CheckJob(options.file, workplace.application.Records());
+        } else {
+            problems = CheckConfiguration(options.file);
+        }
+    } catch (const FileError& error) {
+        std::cerr << "kaloria-cli: " << error.what() << '\n';
+        return exitMisused;
+    }
+    for (const FileProblem& problem : problems) {
+        std::cout << options.file.string() << ':';
+        if (problem.line > 0) {
+            std::cout << problem.line << ':';
+        }
+        std::cout << ' ' << problem.text << '\n';
+    }
+    if (problems.empty()) {
+        std::cout << options.file.string() << ": nothing wrong\n";
+    }
+    return problems.empty() ? exitDone : exitMisused;
+}
+
+} // namespace kaloria::cli

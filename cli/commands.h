@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "application/application.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// The commands of kaloria-cli: results to standard output, complaints to standard error. One options struct
+/// and one function per command.
+namespace kaloria::cli {
+
+/// What a command ends with.
+enum ExitCode : int {
+    exitDone = 0,
+    exitNotComputed = 1, ///< the case could not be computed
+    exitMisused = 2,     ///< bad arguments or files
+};
+
+/// How results are printed.
+enum class Format { table, csv, json };
+
+/// Messages as lines on standard error.
+class ErrorStream final : public MessageSink {
+public:
+    void Show(std::string_view text) override;
+    void Log(std::string_view detail) override;
+};
+
+/// The application with its reference data, as every command needs it.
+struct Workplace {
+    explicit Workplace(const std::filesystem::path& programFolder);
+
+    ErrorStream errors;
+    CApplication application;
+    bool hasCatalogue = false; ///< the configuration file was read whole
+};
+
+struct CalculateOptions {
+    std::filesystem::path job;     ///< empty: the default job
+    std::vector<std::string> sets; ///< FIELD=VALUE, in order
+    std::string units;             ///< "english", "si" or empty: as the job has them
+    Format format = Format::table;
+};
+[[nodiscard]] int RunCalculate(const CalculateOptions& options, Workplace& workplace);
+
+/// JSON Lines of raw engine cases from standard input.
+[[nodiscard]] int RunSolve();
+
+struct ValidateOptions {
+    std::filesystem::path cases; ///< empty: the published cases that ship with the program
+    Format format = Format::table;
+};
+[[nodiscard]] int RunValidate(const ValidateOptions& options, const std::filesystem::path& programFolder);
+
+struct ListOptions {
+    std::string what;
+    Format format = Format::table;
+};
+[[nodiscard]] int RunList(const ListOptions& options, Workplace& workplace);
+
+struct CheckOptions {
+    std::filesystem::path file;
+};
+[[nodiscard]] int RunCheck(const CheckOptions& options, const std::filesystem::path& programFolder);
+
+} // namespace kaloria::cli

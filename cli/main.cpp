@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "application/program_folder.h"
+#include "cli/commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+#include <map>
+
+namespace {
+
+using namespace kaloria;
+using namespace kaloria::cli;
+
+void AddFormat(CLI::App& command, Format& format) {
+    static const std::map<std::string, Format> names{
+        {"table", Format::table}, {"csv", Format::csv}, {"json", Format::json}};
+    command.add_option("--format", format, "How to print: table, csv or json")
+        ->transform(CLI::CheckedTransformer(names))
+        ->option_text("FORMAT");
+}
+
+/// Everything the command line can say.
+struct Arguments {
+    std::string programFolder;
+    CalculateOptions calculate;
+    ValidateOptions validate;
+    ListOptions list;
+    CheckOptions check;
+    CLI::App* calculateCommand = nullptr;
+    CLI::App* solveCommand = nullptr;
+    CLI::App* validateCommand = nullptr;
+    CLI::App* listCommand = nullptr;
+    CLI::App* checkCommand = nullptr;
+
+    void AddTo(CLI::App& app) {
+        app.add_option("--program-folder", programFolder,
+                       "Folder of configuration, default job and other files (default: beside the program)");
+        calculateCommand = app.add_subcommand("calculate", "Calculate a job and print its results");
+        calculateCommand->add_option("job", calculate.job, "Job file (default: the default job)")
+            ->option_text("JOB");
+        calculateCommand
+            ->add_option(
+                "--set", calculate.sets,
+                "Set an input by its element name, before the units are switched; repeat for more. Layers: "
+                "Insulation.2=NAME, Insulation.2.Thickness=2, Insulation.1.Locked=Vary")
+            ->option_text("FIELD=VALUE")
+            ->allow_extra_args(false);
+        calculateCommand->add_option("--units", calculate.units, "Switch the job to english or si units")
+            ->check(CLI::IsMember({"english", "si"}));
+        AddFormat(*calculateCommand, calculate.format);
+        solveCommand = app.add_subcommand("solve", "Solve raw engine cases, JSON Lines in and out");
+        validateCommand = app.add_subcommand("validate", "Compare the engine with published results");
+        validateCommand->add_option("--cases", validate.cases, "File of cases (default: those that ship)");
+        AddFormat(*validateCommand, validate.format);
+        listCommand = app.add_subcommand("list", "List reference data");
+        listCommand
+            ->add_option("what", list.what,
+                         "insulations, base-metals, jackets, fuels, geometries, pipes, tubes")
+            ->required()
+            ->check(CLI::IsMember(
+                {"insulations", "base-metals", "jackets", "fuels", "geometries", "pipes", "tubes"}));
+        AddFormat(*listCommand, list.format);
+        checkCommand = app.add_subcommand("check", "Say what is wrong in a job or configuration file");
+        checkCommand->add_option("file", check.file, "The file")->required()->option_text("FILE");
+    }
+};
+
+std::filesystem::path ProgramFolder(const Arguments& arguments) {
+    return arguments.programFolder.empty() ? ChooseProgramFolder(ProgramPlaces::OfThisProcess())
+                                           : std::filesystem::path(arguments.programFolder);
+}
+
+int Run(const Arguments& arguments) {
+    if (arguments.solveCommand->parsed()) {
+        return RunSolve();
+    }
+    const std::filesystem::path folder = ProgramFolder(arguments);
+    if (arguments.validateCommand->parsed()) {
+        return RunValidate(arguments.validate, folder);
+    }
+    if (arguments.checkCommand->parsed()) {
+        return RunCheck(arguments.check, folder);
+    }
+    Workplace workplace(folder);
+    return arguments.listCommand->parsed() ? RunList(arguments.list, workplace)
+                                           : RunCalculate(arguments.calculate, workplace);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        CLI::App app("Kaloria: heat loss, surface temperatures and thickness of industrial insulation",
+                     "kaloria-cli");
+        app.set_version_flag("--version", "kaloria-cli " KALORIA_VERSION);
+        app.require_subcommand(1);
+        Arguments arguments;
+        arguments.AddTo(app);
+        try {
+            app.parse(argc, argv);
+        } catch (const CLI::ParseError& error) {
+            return app.exit(error) == 0 ? exitDone : exitMisused;
+        }
+        return Run(arguments);
+    } catch (const std::exception& error) {
+        std::cerr << "kaloria-cli: " << error.what() << '\n';
+        return exitMisused;
+    }
+}
