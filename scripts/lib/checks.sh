@@ -1,0 +1,94 @@
+# shellcheck shell=bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# The steps of scripts/check: for each a line of description and a function check_NAME that fails (or ends
+# the script) when something is wrong.
+
+describe() {
+    case $1 in
+        format) echo "the layout of .clang-format" ;;
+        arrows) echo "each folder includes only what lies below it" ;;
+        headers) echo "every header compiles alone" ;;
+        reference) echo "the shipped reference data are those of their source tables" ;;
+        sanitize) echo "warnings as errors; every test under the address and undefined-behaviour sanitizers" ;;
+        tidy) echo "clang-tidy over every source file" ;;
+        fuzz) echo "every fuzz target for ${FUZZ_SECONDS:-15} s" ;;
+    esac
+}
+
+check_sanitize() {
+    build sanitize
+    ctest --preset sanitize -j "$CORES"
+}
+
+# Other versions lay the same code out differently, so only the one that .clang-format is written for counts.
+check_format() {
+    local formatter
+    for formatter in clang-format-14 clang-format; do
+        if "$formatter" --version 2>/dev/null | grep -q 'version 14\.'; then
+            sources -name '*.h' -o -name '*.cpp' | xargs "$formatter" --dry-run --Werror
+            return
+        fi
+    done
+    say "format: SKIPPED, clang-format 14 is not here (found: $(clang-format --version 2>&1 | head -1))"
+}
+
+# A database of its own: without precompiled headers, which clang-tidy could not read if another compiler
+# made them.
+check_tidy() {
+    quietly cmake --preset release -B build/tidy -D CMAKE_CXX_COMPILER=clang++ \
+        -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON
+    sources -name '*.cpp' -not -path 'tests/fuzz/*' |
+        xargs --max-procs="$CORES" --max-args=1 scripts/lib/tidy-one build/tidy
+}
+
+check_headers() {
+    sources -name '*.h' | xargs --max-procs="$CORES" --max-args=1 scripts/lib/header-alone
+}
+
+check_reference() {
+    python3 scripts/make-reference-data --check
+}
+
+# folder | folders of ours it may include | other headers it may include (extended regular expression).
+# STD are the names without a slash or a suffix, the C++ library's; POSIX those of the system.
+STD='[a-z_0-9]+'
+POSIX='[a-z_0-9/]+\.h'
+ARROWS=(
+    "engine|engine|$STD"
+    "data|engine data|$STD|$POSIX|pugixml\.hpp|fmt/.*"
+    "reports|engine data reports|$STD|pugixml\.hpp|fmt/.*"
+    "application|engine data reports application|$STD|$POSIX|fmt/.*|nlohmann/.*"
+    "cli|engine data reports application cli|$STD|$POSIX|fmt/.*|nlohmann/.*|CLI/.*"
+)
+
+check_arrows() {
+    local arrow folder ours others bad=0
+    for arrow in "${ARROWS[@]}"; do
+        IFS='|' read -r folder ours others <<<"$arrow"
+        # Every #include of the folder that is none of the allowed ones.
+        if grep -nEr --include='*.h' --include='*.cpp' '^[[:space:]]*#[[:space:]]*include' "$folder" |
+            grep -vE "include[[:space:]]*(\"(${ours// /|})/|<($others)>)"; then
+            echo "^ $folder may include only: $ours, <$others>"
+            bad=1
+        fi
+    done
+    return "$bad"
+}
+
+# The corpus is read only: what the fuzzer finds on the way goes to the build folder.
+check_fuzz() {
+    build fuzz
+    local target name corpus found=0
+    for target in build/fuzz/fuzz/*_fuzz; do
+        [[ -x $target ]] || continue
+        found=1
+        name=$(basename "$target" _fuzz)
+        mkdir -p "build/fuzz/corpus/$name"
+        corpus=("build/fuzz/corpus/$name")
+        [[ ! -d tests/fuzz/corpus/$name ]] || corpus+=("tests/fuzz/corpus/$name")
+        say "fuzz: $name"
+        quietly "$target" -max_total_time="${FUZZ_SECONDS:-15}" -timeout=10 -rss_limit_mb=2048 \
+            -artifact_prefix="build/fuzz/$name-" "${corpus[@]}"
+    done
+    ((found)) || fail "no fuzz target was built"
+}
