@@ -257,19 +257,23 @@ void CHeatLossCalculator::Pass(Solution& solution) {
     conduction::InterfaceTemperatures(solution.Flux, resistances_, solution.Temps);
 }
 
+double CHeatLossCalculator::ConductivityOf(std::size_t element, const Solution& solution) const {
+    const double meanTemp = (double{solution.Temps[element]} + solution.Temps[element + 1]) / 2.0;
+    return element == 0 ? conduction::WallConductivity(BaseMetal->ID, meanTemp)
+                        : InsulationLayers[element - 1].ConductivityAt(meanTemp);
+}
+
 void CHeatLossCalculator::RefreshConductivities(Solution& solution) const {
-    const auto meanTemp = [&](std::size_t element) {
-        return (double{solution.Temps[element]} + solution.Temps[element + 1]) / 2.0;
-    };
-    solution.Conductivities[0] = Single(conduction::WallConductivity(BaseMetal->ID, meanTemp(0)));
-    for (std::size_t i = 1; i < solution.Conductivities.size(); ++i) {
-        solution.Conductivities[i] = Single(InsulationLayers[i - 1].ConductivityAt(meanTemp(i)));
+    for (std::size_t i = 0; i < solution.Conductivities.size(); ++i) {
+        solution.Conductivities[i] = Single(ConductivityOf(i, solution));
     }
 }
 
+/// The conductivities of the last pass belong to the temperatures before it; those of the temperatures that
+/// it left must be sound as well, or a curve far outside its data could end the loop on nonsense.
 void CHeatLossCalculator::CheckConductivities(const Solution& solution) const {
     for (std::size_t i = 0; i < solution.Conductivities.size(); ++i) {
-        if (!(solution.Conductivities[i] > 0.0F)) {
+        if (!(solution.Conductivities[i] > 0.0F) || !(ConductivityOf(i, solution) > 0.0)) {
             throw NumericFault(
                 i == 0 ? "the conductivity of the base metal is not above zero at its temperature"
                        : "the conductivity of layer " + std::to_string(i) + " (" +

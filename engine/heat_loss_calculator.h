@@ -98,11 +98,12 @@ public:
     /// NaN unless Converged().
     [[nodiscard]] float UnitHeatFlow() const { return unitHeatFlow_; }
 
-    /// Heat flow of a cylinder per foot of length, whatever the CalculationType [Btu/(h ft)]; NaN unless Converged().
+    /// Heat flow of a cylinder per foot of length, whatever the CalculationType [Btu/(h ft)]; NaN unless
+    /// Converged().
     [[nodiscard]] double FlowPerFoot() const;
 
-    /// Mean heat flux over the outer surface [Btu/(h ft2)]; of ducts over the duct's own perimeter, as their flow is
-    /// reckoned. NaN unless Converged().
+    /// Mean heat flux over the outer surface [Btu/(h ft2)]; of ducts over the duct's own perimeter, as their
+    /// flow is reckoned. NaN unless Converged().
     [[nodiscard]] double MeanFlux() const;
 
     /// One solution of the iteration.
@@ -153,6 +154,7 @@ private:
     void Start(Solution& solution, std::int32_t code);
     void Iterate(Solution& solution, const Criterion& criterion);
     void Pass(Solution& solution);
+    [[nodiscard]] double ConductivityOf(std::size_t element, const Solution& solution) const;
     void RefreshConductivities(Solution& solution) const;
     void CheckConductivities(const Solution& solution) const;
     [[nodiscard]] float FilmCoefficient(std::int32_t code, float surfaceTemp) const;

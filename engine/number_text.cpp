@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -33,11 +34,14 @@ std::optional<double> ParseNumber(std::string_view text) {
 
 std::optional<float> ParseSingle(std::string_view text) {
     const auto value = ParseNumber(text);
-    // Compared in double: narrowing first would raise the overflow flag that the engine watches.
-    if (!value || std::abs(*value) > static_cast<double>(std::numeric_limits<float>::max())) {
+    // Compared in double: narrowing first would raise the overflow flag that the engine watches. Numbers less
+    // than half a step above the largest float still round to it, above all that float's own shortest text.
+    constexpr double largest = std::numeric_limits<float>::max();
+    constexpr double firstTooLarge = 0x1.ffffffp127;
+    if (!value || std::abs(*value) >= firstTooLarge) {
         return std::nullopt;
     }
-    return static_cast<float>(*value);
+    return static_cast<float>(std::clamp(*value, -largest, largest));
 }
 
 } // namespace kaloria
