@@ -137,11 +137,11 @@ private:
         case_.sizeText = sizes[*position];
         const auto offset = static_cast<std::ptrdiff_t>(*position);
         if (geometry::IsTube(Code())) {
-            case_.tube = *std::next(catalogue_.Tubes.begin(), offset);
+            case_.tube = *std::ranges::next(catalogue_.Tubes.begin(), offset, catalogue_.Tubes.end());
             case_.pipeSize = case_.tube->USNTS;
             return;
         }
-        case_.pipe = *std::next(catalogue_.Pipes.begin(), offset);
+        case_.pipe = *std::ranges::next(catalogue_.Pipes.begin(), offset, catalogue_.Pipes.end());
         case_.pipeSize = case_.pipe->USNPS;
         if (case_.units == Units::si) {
             case_.pipe->ActualPipeSizeInches = MillimetersToInches(case_.pipe->ActualPipeSizemm);
