@@ -126,12 +126,20 @@ private:
             // Without a cost of heat nothing of the money is known; a part of it would look like the whole.
             std::fill(money.begin(), money.end(), std::nullopt);
             if (inputs_.calculationType == heatLossPerYear) {
-                Note(Severity::error,
-                     inputs_.fuel->efficiency == 0.0F ? "ConversionEfficiency" : "HeatContent",
-                     std::string("Costs and emissions cannot be computed: ") + fault.what() + ".");
+                NoteNoMoney(fault);
             }
         }
         return money;
+    }
+
+    void NoteNoMoney(const NumericFault& fault) {
+        const bool noEfficiency = inputs_.fuel->efficiency == 0.0F;
+        const bool noHeat = inputs_.fuel->heatContent == 0.0F;
+        const std::string why = noEfficiency ? "the conversion efficiency is 0"
+                                : noHeat     ? "the heating value is 0"
+                                             : fault.what();
+        Note(Severity::error, noEfficiency ? "ConversionEfficiency" : "HeatContent",
+             "Costs and emissions cannot be computed: " + why + ".");
     }
 
     void AddRemarks() {
