@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// kaloria-cli as scripts use it: what it prints, where, and with which exit code.
+#include "tests/support/case_files.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace kaloria {
+namespace {
+
+using nlohmann::json;
+using ::testing::HasSubstr;
+
+struct Outcome {
+    int exitCode = -1;
+    std::string out; ///< standard output and, where asked for, standard error
+};
+
+/// Runs the program through a shell; @p input becomes its standard input.
+Outcome RunCli(const std::string& arguments, const std::string& input = {}, bool withErrors = false) {
+    const auto file =
+        std::filesystem::temp_directory_path() / ("kaloria-cli-test-" + std::to_string(::getpid()));
+    std::ofstream(file, std::ios::binary) << input;
+    const std::string command = std::string(KALORIA_CLI) + " " + arguments + " < " + file.string() +
+                                (withErrors ? " 2>&1" : " 2>/dev/null");
+    FILE* const pipe = ::popen(command.c_str(), "r");
+    Outcome outcome;
+    std::array<char, 4096> buffer{};
+    for (std::size_t n = 0; (n = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+        outcome.out.append(buffer.data(), n);
+    }
+    const int status = ::pclose(pipe);
+    std::filesystem::remove(file);
+    outcome.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return outcome;
+}
+
+TEST(Cli, EndsWithTheExitCodeOfWhatHappened) {
+    const struct {
+        const char* arguments;
+        int exitCode;
+        const char* says;
+    } rows[] = {
+        {"calculate", 0, "Personnel Protection Thickness: 1 in."},
+        {"calculate --units si", 0, "Personnel Protection Thickness: 25 mm"},
+        {"calculate --set PipeSize=7", 1, "\"7\" is not in the list of pipe sizes"},
+        {"calculate --set InsulationThicknessCalculationType=4 --set ConversionEfficiency=0", 1,
+         "the conversion efficiency is 0"},
+        {"calculate --set ProcessTemp=warm", 2, "\"warm\" is not a number"},
+        {"calculate --set ProcessTemp", 2, "write FIELD=VALUE"},
+        {"calculate /no/such/job.kal", 2, "File not found."},
+        {"calculate --format xml", 2, "--format"},
+        {"--program-folder /no/such/folder calculate", 2, "An error occured while loading material data."},
+        {"list", 2, "what is required"},
+        {"list moons", 2, "moons not in"},
+        {"list pipes", 0, "6.625"},
+        {"check /no/such/file", 2, "No such file"},
+        {"check " KALORIA_RESOURCES_DIR "/Default.kal", 0, "nothing wrong"},
+        {"validate", 0, "147 of 147 published cases are met"},
+        {"", 2, "subcommand"},
+        {"--version", 0, "kaloria-cli 4."},
+        {"--help", 0, "calculate"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        const Outcome outcome = RunCli(row.arguments, {}, true);
+        EXPECT_EQ(outcome.exitCode, row.exitCode);
+        EXPECT_THAT(outcome.out, HasSubstr(row.says));
+    }
+}
+
+TEST(Cli, JsonCarriesNumbersAndCsvTheShownFigures) {
+    const Outcome asJson = RunCli("calculate --format json --set InsulationThicknessCalculationType=3");
+    ASSERT_EQ(asJson.exitCode, 0);
+    const json result = json::parse(asJson.out);
+    EXPECT_EQ(result.at("columns").size(), 7U);
+    for (const json& row : result.at("rows")) {
+        EXPECT_EQ(row.at("values").size(), 6U);
+        EXPECT_TRUE(row.at("values")[0].is_number());
+    }
+    EXPECT_TRUE(result.at("rows")[0].at("values")[2].is_null()); // the bare row has no efficiency
+    const Outcome asCsv = RunCli("calculate --format csv");
+    EXPECT_THAT(asCsv.out, HasSubstr("Variable Insulation Thickness,Surface Temp (°F),Heat Loss (BTU/hr/ft),"
+                                     "Efficiency (%)\nBare,349.3,1572.74,\n0.5,162.5,269.43,82.87\n"));
+}
+
+TEST(Cli, SolveAnswersEveryGoodLineAndNamesTheBadOnes) {
+    const std::string good =
+        R"({"id":"a","note":"ignored","inputs":{"ProcessTemp":350,"AmbientTemp":75,"GeometryCode":5,)"
+        R"("BaseMetal":{"ID":1,"Emittance":0.8}}})";
+    std::string bad = "{\"id\":\"b\"}\n";
+    bad.append(3000, '[');
+    bad += "\n{\"id\":1,\"inputs\":{\"ProcessTemp\":1e400}}\n"
+           "{\"id\":\"c\",\"inputs\":{\"ProcessTemp\":\"hot\",\"AmbientTemp\":75}}\n\xff\xfe\n";
+    const Outcome outcome = RunCli("solve", good + "\n" + bad + "\n" + good + "\n");
+    EXPECT_EQ(outcome.exitCode, 2);
+    const auto lineEnd = outcome.out.find('\n');
+    const json answer = json::parse(outcome.out.substr(0, lineEnd));
+    EXPECT_EQ(answer.at("id"), "a");
+    EXPECT_FALSE(answer.at("result").at("Fault").get<bool>());
+    EXPECT_EQ(outcome.out.substr(lineEnd + 1), outcome.out.substr(0, lineEnd + 1)); // the last line again
+    const Outcome complaints = RunCli("solve", bad, true);
+    for (const char* line :
+         {"line 1:", "line 2:", "line 3:", "line 4: ProcessTemp is not a number", "line 5:"}) {
+        EXPECT_THAT(complaints.out, HasSubstr(line));
+    }
+    // A case without a solution is an answer, not a failure of the program.
+    const Outcome fault =
+        RunCli("solve", R"({"id":1,"inputs":{"ProcessTemp":1,"AmbientTemp":2,"GeometryCode":99}})");
+    EXPECT_EQ(fault.exitCode, 0);
+    EXPECT_THAT(fault.out, HasSubstr("\"Fault\":true"));
+}
+
+TEST(Cli, NumbersDoNotDependOnTheLocale) {
+    const Outcome plain = RunCli("calculate --format csv");
+    ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+    const Outcome german = RunCli("calculate --format csv");
+    ::unsetenv("LC_ALL");
+    EXPECT_EQ(german.out, plain.out);
+}
+
+} // namespace
+} // namespace kaloria
