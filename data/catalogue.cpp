@@ -15,8 +15,8 @@ std::size_t Position(int category, int menuItem, int subItem) {
         !inside(subItem, HeaderTexts::subItems)) {
         throw std::out_of_range("header text position out of range");
     }
-    return static_cast<std::size_t>((category * HeaderTexts::menuItems + menuItem) * HeaderTexts::subItems +
-                                    subItem);
+    const int position = (category * HeaderTexts::menuItems + menuItem) * HeaderTexts::subItems + subItem;
+    return static_cast<std::size_t>(position);
 }
 
 } // namespace

@@ -42,11 +42,11 @@ bool StoreValue(std::string_view text, Rule rule, std::string& field);
 template <class Record>
 struct Attribute {
     std::string_view name;
-    Rule rule;
+    Rule rule = Rule::plain;
     /// Takes the value over into the record; false when its text has not the field's form.
-    bool (*store)(std::string_view text, Rule rule, Record& record);
+    bool (*store)(std::string_view text, Rule rule, Record& record) = nullptr;
     /// The value as written. @throws std::domain_error for a real that is not finite
-    std::string (*text)(const Record& record);
+    std::string (*text)(const Record& record) = nullptr;
 };
 
 template <class Field>

@@ -2,6 +2,7 @@
 #include "data/xml_document.h"
 
 #include "data/xml_text.h"
+#include "engine/number_text.h"
 
 #include <fmt/format.h>
 
@@ -34,6 +35,17 @@ pugi::xml_node NextOutside(pugi::xml_node node, int& depth) {
     }
     return node ? node.next_sibling() : node;
 }
+
+/// Gathers text without recursion.
+struct TextCollector : pugi::xml_tree_walker {
+    std::string text;
+    bool for_each(pugi::xml_node& node) override {
+        if (IsText(node)) {
+            text += node.value();
+        }
+        return true;
+    }
+};
 
 struct StringWriter : pugi::xml_writer {
     std::string text;
@@ -108,9 +120,7 @@ void XmlDocument::CheckOutermostLevel() const {
     int elements = 0;
     for (const pugi::xml_node node : document_.children()) {
         // The parser lets blanks pass as text when they are all that there is.
-        const bool isBlank =
-            IsText(node) && TextContent(node).find_first_not_of(" \t\r\n") == std::string::npos;
-        if (IsText(node) && !isBlank) {
+        if (IsText(node) && !Trimmed(node.value()).empty()) {
             throw FaultAt(node, "not well-formed XML: text outside the root element");
         }
         elements += node.type() == pugi::node_element ? 1 : 0;
@@ -137,14 +147,9 @@ void XmlDocument::CheckDepth() const {
 }
 
 std::string TextContent(pugi::xml_node node) {
-    if (IsText(node)) {
-        return node.value();
-    }
-    std::string text;
-    for (const pugi::xml_node child : node.children()) {
-        text += TextContent(child);
-    }
-    return text;
+    TextCollector collector;
+    node.traverse(collector);
+    return std::move(collector.text);
 }
 
 std::string DocumentText(const pugi::xml_document& document) {

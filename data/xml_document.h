@@ -55,7 +55,7 @@ private:
     mutable int knownLine_ = 1;
 };
 
-/// The text of @p node and of everything inside it, comments left out.
+/// The text of everything inside @p node, comments left out.
 [[nodiscard]] std::string TextContent(pugi::xml_node node);
 
 /// A document as a file's text, in the layout that all files have: a tab per level, no declaration.

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <random>
 #include <set>
 #include <sys/resource.h>

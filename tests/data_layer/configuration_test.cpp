@@ -371,6 +371,7 @@ TEST(SaveConfiguration, ChangesNothingWhenItFails) {
 
 std::vector<std::string> Lines(const std::vector<FileProblem>& problems) {
     std::vector<std::string> lines;
+    lines.reserve(problems.size());
     for (const FileProblem& problem : problems) {
         lines.push_back(fmt::format("{}: {}", problem.line, problem.text));
     }

@@ -18,7 +18,7 @@ using namespace value_text;
 
 TEST(ValueText, ReadsIntegersWithTiesToEvenAndChecksTheRange) {
     struct Row {
-        const char* text;
+        const char* text = nullptr;
         std::optional<std::int32_t> value;
     };
     const Row rows[] = {
@@ -49,7 +49,7 @@ TEST(ValueText, ReadsIntegersWithTiesToEvenAndChecksTheRange) {
 
 TEST(ValueText, ReadsFlags) {
     struct Row {
-        const char* text;
+        const char* text = nullptr;
         std::optional<bool> value;
     };
     for (const Row& row :
