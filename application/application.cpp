@@ -16,8 +16,11 @@ namespace kaloria {
 namespace {
 
 std::string Place(const std::filesystem::path& path, const FileProblem& problem) {
-    return problem.line > 0 ? fmt::format("{}:{}: {}", path.string(), problem.line, problem.text)
-                            : fmt::format("{}: {}", path.string(), problem.text);
+    if (problem.line > 0) {
+        return fmt::format("{}:{}: {}", path.string(), problem.line, problem.text);
+    }
+    return problem.text.starts_with(path.string()) ? problem.text
+                                                   : fmt::format("{}: {}", path.string(), problem.text);
 }
 
 template <class Records>

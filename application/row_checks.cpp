@@ -35,9 +35,11 @@ void CheckSolution(const SolvedRow& row, Units units, std::vector<Finding>& find
     } else if (row.stoppedBySafeguard) {
         findings.push_back(
             {Severity::warning, "",
-             fmt::format("For {} there is no steady solution: the air flow changes its kind there, and "
-                         "two answers alternate. One of them is shown.",
-                         RowName(row, units))});
+             fmt::format(
+                 "For {} the iteration did not come to rest: where the air flow changes its kind, "
+                 "or a conductivity curve runs far outside its data, answers alternate. One of them is "
+                 "shown.",
+                 RowName(row, units))});
     }
 }
 

@@ -17,9 +17,8 @@ double TempOf(double ratio) { return (1.0 / ratio - 1.0) * triplePointScaled / 5
 
 double PowerOfTen(double exponent) { return std::exp(exponent * ln10); }
 
-/// Goff and Gratch, Trans. Am. Soc. Heat. Vent. Eng. 52 (1946) 95, over water, with -5.028 log10(x) where the
-/// published formula has +5.028. The sign stays: it puts the dew point on the high side, and designs rest on
-/// it.
+/// Goff (1957) over water, as adopted by the WMO [hPa], with -5.028 log10(x) where the published formula has
+/// +5.028. The sign stays: it puts the dew point on the high side, and designs rest on it.
 double SaturationLog(double x) {
     return 10.79574 * (1.0 - x) - 5.028 * std::log(x) / ln10 +
            0.000150475 * (1.0 - PowerOfTen(-8.29692 * (1.0 / x - 1.0))) +

@@ -35,6 +35,11 @@ float LargestMove(std::span<const float> before, std::span<const float> after) {
     return largest;
 }
 
+std::string LayerName(const CInsulation& layer, std::size_t position) {
+    const std::string name = "layer " + std::to_string(position);
+    return layer.Name.empty() ? name : name + " (" + layer.Name + ")";
+}
+
 } // namespace
 
 /// When a run of passes ends.
@@ -235,7 +240,10 @@ void CHeatLossCalculator::Iterate(Solution& solution, const Criterion& criterion
         const bool above = surface > AmbientTemp && surface > tried;
         const bool below = surface < AmbientTemp && surface < tried;
         if (solution.Passes >= safeguardPasses && (above || below)) {
-            solution.StoppedBySafeguard = true;
+            // Where process and ambient nearly agree, rounding alone moves the flow by more than its
+            // tolerance: temperatures that rest are settled all the same.
+            solution.StoppedBySafeguard =
+                !criterion.everything || LargestMove(before, solution.Temps) >= tolerance;
             break;
         }
         if (solution.Passes >= mostPasses) {
@@ -274,10 +282,9 @@ void CHeatLossCalculator::RefreshConductivities(Solution& solution) const {
 void CHeatLossCalculator::CheckConductivities(const Solution& solution) const {
     for (std::size_t i = 0; i < solution.Conductivities.size(); ++i) {
         if (!(solution.Conductivities[i] > 0.0F) || !(ConductivityOf(i, solution) > 0.0)) {
-            throw NumericFault(
-                i == 0 ? "the conductivity of the base metal is not above zero at its temperature"
-                       : "the conductivity of layer " + std::to_string(i) + " (" +
-                             InsulationLayers[i - 1].Name + ") is not above zero at its mean temperature");
+            throw NumericFault("the conductivity of " +
+                               (i == 0 ? "the base metal" : LayerName(InsulationLayers[i - 1], i)) +
+                               " is not above zero at its mean temperature");
         }
     }
 }

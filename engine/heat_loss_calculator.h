@@ -141,7 +141,7 @@ public:
                      float Emittance, float& H);
     /// result = ln x / ln 10
     static void Log10(float x, float& result);
-    /// Base-10 logarithm of a vapour pressure in the form of Goff and Gratch (1946), x = 273.16 K / T; with
+    /// Base-10 logarithm of a vapour pressure in the form of Goff and Gratch, x = 273.16 K / T; with
     /// the sign of its logarithmic term as this program has always had it (see docs/methods.md).
     static void Logp(float x, float& result);
 

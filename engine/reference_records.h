@@ -59,7 +59,7 @@ struct CFuel {
 };
 
 /// A system application. Its ID is the geometry code 1 to 11 by which the solver chooses film correlation
-/// and result basis (see SurfaceShape in engine/surface_geometry.h).
+/// and result basis (see engine/surface_geometry.h).
 struct CSurfaceGeometry {
     std::int32_t ID = 0;
     std::string Name;
