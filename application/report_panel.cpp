@@ -66,6 +66,17 @@ void AddMoisture(std::vector<PanelLine>& panel, const CaseInputs& inputs,
     }
 }
 
+/// The limit that a design thickness is held against; a dew point stands with the moisture.
+void AddGoal(std::vector<PanelLine>& panel, const CaseInputs& inputs) {
+    if (inputs.calculationType == personnelProtection) {
+        panel.push_back({"lblMaxSurfaceTemp", "Maximum Surface Temp:",
+                         Tenths(Quantity::temperature, inputs.units, inputs.maxSurfaceTemp)});
+    } else if (inputs.calculationType == heatFlowLimitation) {
+        panel.push_back({"lblHeatFlowLimit",
+                         "Heat Flow Limit:", Tenths(Quantity::heatFlux, inputs.units, inputs.heatFlowLimit)});
+    }
+}
+
 void AddLayers(std::vector<PanelLine>& panel, const CaseInputs& inputs) {
     const std::string_view unit = inputs.units == Units::si ? " mm" : " in.";
     for (const LayerInput& layer : inputs.layers) {
@@ -112,6 +123,7 @@ std::vector<PanelLine> BuildPanel(const CaseInputs& inputs,
     panel.push_back(
         {"lblWindSpeed", "Wind Speed:", Tenths(Quantity::windSpeed, inputs.units, inputs.windSpeed)});
     AddMoisture(panel, inputs, condensation);
+    AddGoal(panel, inputs);
     AddLayers(panel, inputs);
     panel.push_back({"lblOuterJacketMaterial", "Outer Jacket Material:", inputs.jacket->Name});
     panel.push_back(
