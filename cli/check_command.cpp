@@ -3,6 +3,8 @@
 #include "data/atomic_file.h"
 #include "data/configuration_file.h"
 #include "data/job_file.h"
+#include "reports/custom_costs.h"
+#include "reports/ratio_file.h"
 
 #include <iostream>
 
@@ -20,18 +22,29 @@ bool IsJob(const std::filesystem::path& file) {
     return file.extension() != ".xml" && ReadFile(file, largestFile).find("<Job") != std::string::npos;
 }
 
+/// Every problem of the file, by what kind of file it is.
+std::vector<FileProblem> ProblemsOf(const std::filesystem::path& file,
+                                    const std::filesystem::path& programFolder) {
+    if (file.extension() == ".dta") {
+        return CheckRatioFile(file);
+    }
+    if (file.extension() == ".csv") {
+        return CheckCustomCosts(file);
+    }
+    if (IsJob(file)) {
+        Workplace workplace(programFolder);
+        return CheckJob(file, workplace.application.Records());
+    }
+    return CheckConfiguration(file);
+}
+
 } // namespace
 
 int RunCheck(const CheckOptions& options, const std::filesystem::path& programFolder) {
     std::vector<FileProblem> problems;
     try {
-        (void)ReadFile(options.file, largestFile);
-        if (IsJob(options.file)) {
-            Workplace workplace(programFolder);
-            problems = CheckJob(options.file, workplace.application.Records());
-        } else {
-            problems = CheckConfiguration(options.file);
-        }
+        (void)ReadFile(options.file, largestFile); // a file that cannot be read is no finding but an error
+        problems = ProblemsOf(options.file, programFolder);
     } catch (const FileError& error) {
         std::cerr << "kaloria-cli: " << error.what() << '\n';
         return exitMisused;
