@@ -28,7 +28,7 @@ std::string OneLine(std::string_view value) {
 }
 
 std::string Setting(SettingsStore& settings, std::string_view key) {
-    const std::string value = settings.Get(setting::section, key);
+    std::string value = settings.Get(setting::section, key);
     if (!value.empty()) {
         return value;
     }

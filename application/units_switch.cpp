@@ -81,6 +81,7 @@ private:
         }
     }
 
+    // NOLINTNEXTLINE(misc-no-recursion): one step deep, for a pipe is a cylinder
     void ConvertSize(std::int32_t code) {
         const auto from = SizeTexts(catalogue_, code, ToSI() ? Units::english : Units::si);
         const auto to = SizeTexts(catalogue_, code, units_);

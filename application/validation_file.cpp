@@ -12,7 +12,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr std::streamsize largestFile = 4 * 1024 * 1024;
+constexpr std::streamsize largestFile = std::streamsize{4} * 1024 * 1024;
 constexpr std::size_t mostCases = 10000;
 constexpr std::size_t mostLayers = 100;
 

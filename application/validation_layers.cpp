@@ -23,6 +23,7 @@ std::vector<double> EquivalentsOf(const std::vector<double>& radii) {
     constexpr double largestCount = 16777216.0; // 2^24
     const double scale = std::pow(10.0, std::floor(std::log10(largestCount / radii.back())));
     std::vector<float> counts;
+    counts.reserve(radii.size());
     for (const double radius : radii) {
         counts.push_back(Single(std::nearbyint(radius * scale)));
     }

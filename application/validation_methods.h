@@ -59,7 +59,7 @@ struct Quantity {
 [[nodiscard]] const Quantity* FindQuantity(std::string_view name);
 
 /// Concentric cylinders or plane layers with film coefficients given (validation_layers.cpp).
-double LayeredPipe(const ValidationCase& validationCase, Reader& in);
-double LayeredWall(const ValidationCase& validationCase, Reader& in);
+double LayeredPipe(const ValidationCase& c, Reader& in);
+double LayeredWall(const ValidationCase& c, Reader& in);
 
 } // namespace kaloria::validation

@@ -13,7 +13,7 @@ namespace kaloria {
 
 namespace {
 
-std::string WithUnit(const JobField& field, Units units, std::string text) {
+std::string WithUnit(const JobField& field, Units units, const std::string& text) {
     const std::string_view unit = InfoOf(field.quantity).Text(units);
     return unit.empty() ? text : text + " " + std::string(unit);
 }

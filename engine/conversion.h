@@ -13,10 +13,11 @@ namespace kaloria {
 /// A number, or a text that may hold one. A text that holds none converts to 0 in every direction.
 class ConversionInput {
 public:
-    ConversionInput(double number)
-        : number_(number) {}                // NOLINT(google-explicit-constructor): a plain argument
-    ConversionInput(std::string_view text); // NOLINT(google-explicit-constructor)
-    ConversionInput(const char* text) : ConversionInput(std::string_view(text)) {} // NOLINT
+    // NOLINTBEGIN(google-explicit-constructor): it stands for a plain argument
+    ConversionInput(double number) : number_(number) {}
+    ConversionInput(std::string_view text);
+    ConversionInput(const char* text) : ConversionInput(std::string_view(text)) {}
+    // NOLINTEND(google-explicit-constructor)
 
     [[nodiscard]] const std::optional<double>& Number() const { return number_; }
 

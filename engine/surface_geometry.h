@@ -3,10 +3,8 @@
 
 #include <cstdint>
 
-namespace kaloria {
-
 /// What a geometry code 1 to 11 means to the engine and to everyone who shows its results.
-namespace geometry {
+namespace kaloria::geometry {
 
 constexpr std::int32_t horizontalPipe = 1;
 constexpr std::int32_t verticalPipe = 2;
@@ -30,6 +28,4 @@ constexpr std::int32_t verticalTank = 11;
 /// Heat flow of pipes, tubes and ducts is per foot of length, of everything else per square foot.
 [[nodiscard]] constexpr bool IsPerLength(std::int32_t code) { return IsCylinder(code) || IsDuct(code); }
 
-} // namespace geometry
-
-} // namespace kaloria
+} // namespace kaloria::geometry

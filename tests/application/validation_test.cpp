@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <gmock/gmock.h>
 #include <map>
 #include <string>
 
@@ -53,7 +54,7 @@ const std::string sound = R"({"cases": [{
     "layers": [{"thickness [mm]": 100, "conductivity [W/(m K)]": 0.05}],
     "published": 50, "unit": "W/m2", "tolerance": {"absolute": 0.001}, "source": "by hand: 100 K 0.05 / 0.1"}]})";
 
-std::string With(std::string part, const std::string& instead) {
+std::string With(const std::string& part, const std::string& instead) {
     std::string text = sound;
     const auto at = text.find(part);
     EXPECT_NE(at, std::string::npos) << part;
