@@ -56,7 +56,7 @@ POSIX='[a-z_0-9/]+\.h'
 ARROWS=(
     "engine|engine|$STD"
     "data|engine data|$STD|$POSIX|pugixml\.hpp|fmt/.*"
-    "reports|engine data reports|$STD|pugixml\.hpp|fmt/.*"
+    "reports|engine data reports|$STD|$POSIX|fmt/.*"
     "application|engine data reports application|$STD|$POSIX|fmt/.*|nlohmann/.*"
     "cli|engine data reports application cli|$STD|$POSIX|fmt/.*|nlohmann/.*|CLI/.*"
 )
@@ -75,20 +75,20 @@ check_arrows() {
     return "$bad"
 }
 
-# The corpus is read only: what the fuzzer finds on the way goes to the build folder.
+# The seeds are only read: what the fuzzer finds on the way goes to the build folder.
 check_fuzz() {
-    build fuzz
-    local target name corpus found=0
-    for target in build/fuzz/fuzz/*_fuzz; do
-        [[ -x $target ]] || continue
+    build fuzz tests/fuzz/all
+    local program name folders found=0
+    for program in build/fuzz/bin/*_fuzz; do
+        [[ -x $program ]] || continue
         found=1
-        name=$(basename "$target" _fuzz)
+        name=$(basename "$program")
         mkdir -p "build/fuzz/corpus/$name"
-        corpus=("build/fuzz/corpus/$name")
-        [[ ! -d tests/fuzz/corpus/$name ]] || corpus+=("tests/fuzz/corpus/$name")
+        folders=("build/fuzz/corpus/$name")
+        [[ ! -d tests/fuzz/corpus/$name ]] || folders+=("tests/fuzz/corpus/$name")
         say "fuzz: $name"
-        quietly "$target" -max_total_time="${FUZZ_SECONDS:-15}" -timeout=10 -rss_limit_mb=2048 \
-            -artifact_prefix="build/fuzz/$name-" "${corpus[@]}"
+        quietly "$program" -max_total_time="${FUZZ_SECONDS:-15}" -timeout=10 -rss_limit_mb=2048 \
+            -artifact_prefix="build/fuzz/$name-" "${folders[@]}"
     done
     ((found)) || fail "no fuzz target was built"
 }
