@@ -75,20 +75,10 @@ check_arrows() {
     return "$bad"
 }
 
-# The seeds are only read: what the fuzzer finds on the way goes to the build folder.
 check_fuzz() {
     build fuzz tests/fuzz/all
-    local program name folders found=0
-    for program in build/fuzz/bin/*_fuzz; do
-        [[ -x $program ]] || continue
-        found=1
-        name=$(basename "$program")
-        mkdir -p "build/fuzz/corpus/$name"
-        folders=("build/fuzz/corpus/$name")
-        [[ ! -d tests/fuzz/corpus/$name ]] || folders+=("tests/fuzz/corpus/$name")
-        say "fuzz: $name"
-        quietly "$program" -max_total_time="${FUZZ_SECONDS:-15}" -timeout=10 -rss_limit_mb=2048 \
-            -artifact_prefix="build/fuzz/$name-" "${folders[@]}"
-    done
-    ((found)) || fail "no fuzz target was built"
+    local programs=(build/fuzz/bin/*_fuzz)
+    [[ -x ${programs[0]} ]] || fail "no fuzz target was built"
+    printf '%s\n' "${programs[@]}" |
+        xargs --max-procs="$CORES" --max-args=1 scripts/lib/fuzz-one "${FUZZ_SECONDS:-15}"
 }
