@@ -13,4 +13,17 @@ void CReport::UnitFuelCost() {
     fuelCostPerBtu_ = kaloria::UnitFuelCost(MeasureOf(Fuel->CostUnits), Fuel->Cost, Fuel->BTU);
 }
 
+std::optional<InstalledCostFault> CReport::GetFEA() {
+    return EstimateInstalledCosts(ProgramFolder, Inputs.installedCost, ratios_, costData_);
+}
+
+bool CReport::Analyse(CCostData& costs, const AnalysisProgress& progress) {
+    analysis_.reset();
+    Fuel = &Inputs.fuel;
+    UnitFuelCost();
+    Inputs.money.unitFuelCost = fuelCostPerBtu_;
+    analysis_ = kaloria::Analyse(Inputs, Inputs.money, costs, progress);
+    return analysis_.has_value();
+}
+
 } // namespace kaloria
