@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/case_inputs.h"
 
+#include "application/field_reader.h"
 #include "application/insulation_thickness.h"
-#include "data/field_check.h"
 #include "data/fuel_units.h"
 #include "engine/conversion.h"
 #include "engine/number_text.h"
@@ -37,7 +37,7 @@ std::optional<std::size_t> SizePosition(const std::vector<std::string>& sizes, s
 /// Reads one job; collects the case and the findings.
 class CaseReader {
 public:
-    CaseReader(const Job& job, Catalogue& catalogue) : job_(job), catalogue_(catalogue) {}
+    CaseReader(const Job& job, Catalogue& catalogue) : job_(job), catalogue_(catalogue), fields_(job) {}
 
     CaseReading Read() {
         ReadKind();
@@ -49,46 +49,16 @@ public:
             ReadLayers();
             ReadFuel();
         }
-        const bool failed = std::any_of(findings_.begin(), findings_.end(),
-                                        [](const Finding& f) { return f.severity == Severity::error; });
         CaseReading reading;
-        reading.findings = std::move(findings_);
-        if (!failed) {
+        if (!fields_.HasFailed()) {
             reading.inputs = std::move(case_);
         }
+        reading.findings = std::move(fields_.findings);
         return reading;
     }
 
 private:
     [[nodiscard]] std::int32_t Code() const { return case_.geometry->ID; }
-
-    void Note(Severity severity, std::string subject, std::string text) {
-        findings_.push_back({severity, std::move(subject), std::move(text)});
-    }
-
-    void Fail(Field field, std::string_view what) {
-        const JobField& info = InfoOf(field);
-        std::string label(info.label);
-        if (!label.empty() && label.back() == ':') {
-            label.pop_back();
-        }
-        Note(Severity::error, std::string(info.element), fmt::format("{}: {}.", label, what));
-    }
-
-    /// A field that the calculation uses, as an English value; 0 after a finding.
-    float Needed(Field field) {
-        const JobField& info = InfoOf(field);
-        const std::string& text = job_[field];
-        if (Trimmed(text).empty()) {
-            Fail(field, "a value is needed");
-            return 0;
-        }
-        if (const auto problem = WhatIsWrong(info, text, case_.units)) {
-            Fail(field, *problem);
-            return 0;
-        }
-        return Single(ToEnglish(info.quantity, case_.units, ParseNumber(text).value_or(0)));
-    }
 
     void ReadKind() {
         case_.units = job_.UnitsInForce();
@@ -96,30 +66,30 @@ private:
         case_.retrofit = !job_.IsTrue(Field::NewApplication);
         const auto type = CalculationTypeFrom(job_[Field::InsulationThicknessCalculationType]);
         if (!type) {
-            Fail(Field::InsulationThicknessCalculationType,
-                 fmt::format("\"{}\" is no calculation type",
-                             job_[Field::InsulationThicknessCalculationType]));
+            fields_.Fail(Field::InsulationThicknessCalculationType,
+                         fmt::format("\"{}\" is no calculation type",
+                                     job_[Field::InsulationThicknessCalculationType]));
         }
         case_.calculationType = type.value_or(0);
         case_.geometry = FindByName(catalogue_.SurfaceGeometries, job_[Field::SurfaceGeometry]);
         if (case_.geometry == nullptr || !geometry::IsKnown(Code())) {
             case_.geometry = nullptr;
-            Fail(Field::SurfaceGeometry,
-                 fmt::format("\"{}\" is no system application", job_[Field::SurfaceGeometry]));
+            fields_.Fail(Field::SurfaceGeometry,
+                         fmt::format("\"{}\" is no system application", job_[Field::SurfaceGeometry]));
         } else if (case_.calculationType == thicknessTable && !geometry::IsCylinder(Code())) {
-            Fail(Field::SurfaceGeometry,
-                 "an insulation thickness table can only be created for pipes and tubes");
+            fields_.Fail(Field::SurfaceGeometry,
+                         "an insulation thickness table can only be created for pipes and tubes");
         }
     }
 
     void ReadMaterials() {
         case_.baseMetal = FindById(catalogue_.BaseMetals, job_.baseMetal.id);
         if (case_.baseMetal == nullptr) {
-            Fail(Field::BaseMetal, fmt::format("{} is not in the catalogue", job_.baseMetal.name));
+            fields_.Fail(Field::BaseMetal, fmt::format("{} is not in the catalogue", job_.baseMetal.name));
         }
         case_.jacket = FindById(catalogue_.JacketMaterials, job_.jacket.id);
         if (case_.jacket == nullptr) {
-            Fail(Field::Jacket, fmt::format("{} is not in the catalogue", job_.jacket.name));
+            fields_.Fail(Field::Jacket, fmt::format("{} is not in the catalogue", job_.jacket.name));
         }
     }
 
@@ -130,8 +100,9 @@ private:
         const auto sizes = SizeTexts(catalogue_, Code(), case_.units);
         const auto position = SizePosition(sizes, job_[Field::PipeSize]);
         if (!position) {
-            Fail(Field::PipeSize, fmt::format("\"{}\" is not in the list of {} sizes", job_[Field::PipeSize],
-                                              geometry::IsPipe(Code()) ? "pipe" : "tube"));
+            fields_.Fail(Field::PipeSize,
+                         fmt::format("\"{}\" is not in the list of {} sizes", job_[Field::PipeSize],
+                                     geometry::IsPipe(Code()) ? "pipe" : "tube"));
             return;
         }
         case_.sizeText = sizes[*position];
@@ -151,24 +122,24 @@ private:
     }
 
     void ReadConditions() {
-        case_.processTemp = Needed(Field::ProcessTemp);
-        case_.ambientTemp = Needed(Field::AmbientTemp);
-        case_.windSpeed = Needed(Field::WindSpeed);
+        case_.processTemp = fields_.Needed(Field::ProcessTemp);
+        case_.ambientTemp = fields_.Needed(Field::AmbientTemp);
+        case_.windSpeed = fields_.Needed(Field::WindSpeed);
         if (geometry::IsDuct(Code())) {
-            case_.ductWidth = Needed(Field::DuctWidth);
-            case_.ductDepth = Needed(Field::DuctDepth);
+            case_.ductWidth = fields_.Needed(Field::DuctWidth);
+            case_.ductDepth = fields_.Needed(Field::DuctDepth);
         }
     }
 
     void ReadGoal() {
         if (IsUsed(Field::MaxSurfaceTemp, case_.calculationType, Code())) {
-            case_.maxSurfaceTemp = Needed(Field::MaxSurfaceTemp);
+            case_.maxSurfaceTemp = fields_.Needed(Field::MaxSurfaceTemp);
         }
         if (IsUsed(Field::HeatFlowLimit, case_.calculationType, Code())) {
-            case_.heatFlowLimit = Needed(Field::HeatFlowLimit);
+            case_.heatFlowLimit = fields_.Needed(Field::HeatFlowLimit);
         }
         if (case_.calculationType == condensationControl) {
-            case_.moisture = MoistureInput{job_.moisture, Needed(job_.moisture)};
+            case_.moisture = MoistureInput{job_.moisture, fields_.Needed(job_.moisture)};
         }
     }
 
@@ -176,8 +147,8 @@ private:
         case_.nominalThicknesses = NominalSeries(catalogue_, Code(), case_.units);
         case_.onlyListed = true;
         if (job_.layers.empty() || job_.layers.size() > mostLayers) {
-            Fail(Field::Insulation,
-                 job_.layers.empty() ? "there is no insulation layer" : "there are more than five layers");
+            fields_.Fail(Field::Insulation, job_.layers.empty() ? "there is no insulation layer"
+                                                                : "there are more than five layers");
         }
         for (std::size_t i = 0; i < job_.layers.size(); ++i) {
             ReadLayer(job_.layers[i], i + 1);
@@ -188,9 +159,9 @@ private:
         const std::string subject = fmt::format("Insulation.{}", position);
         const CInsulation* material = FindById(catalogue_.Insulations, row.material.id);
         if (material == nullptr) {
-            Note(Severity::error, subject,
-                 fmt::format("Layer {}: its material ({}) is not in the catalogue any more.", position,
-                             row.material.name));
+            fields_.Note(Severity::error, subject,
+                         fmt::format("Layer {}: its material ({}) is not in the catalogue any more.",
+                                     position, row.material.name));
             return;
         }
         LayerInput layer;
@@ -200,8 +171,9 @@ private:
         // show.
         layer.varies = row.locked == "Vary" && !case_.Varies();
         if (row.locked != "Vary" && row.locked != "Fix") {
-            Note(Severity::error, subject,
-                 fmt::format("Layer {}: \"{}\" is neither \"Fix\" nor \"Vary\".", position, row.locked));
+            fields_.Note(
+                Severity::error, subject,
+                fmt::format("Layer {}: \"{}\" is neither \"Fix\" nor \"Vary\".", position, row.locked));
         }
         if (!layer.varies) {
             layer.nominal = FixedThickness(row, position, subject);
@@ -214,18 +186,18 @@ private:
         const auto value = ParseSingle(row.thickness);
         const double inches = ToEnglish(Quantity::length, case_.units, value.value_or(0.0F));
         if (!value || !(inches > 0.0) || inches > thickest) {
-            Note(Severity::error, subject,
-                 Trimmed(row.thickness).empty()
-                     ? fmt::format("Layer {}: a thickness is needed{}.", position,
-                                   row.locked == "Vary" ? ", since another layer varies already" : "")
-                     : fmt::format("Layer {}: \"{}\" is no thickness above 0 and up to {}.", position,
-                                   row.thickness, case_.units == Units::si ? "2540 mm" : "100 in"));
+            fields_.Note(Severity::error, subject,
+                         Trimmed(row.thickness).empty()
+                             ? fmt::format("Layer {}: a thickness is needed{}.", position,
+                                           row.locked == "Vary" ? ", since another layer varies already" : "")
+                             : fmt::format("Layer {}: \"{}\" is no thickness above 0 and up to {}.", position,
+                                           row.thickness, case_.units == Units::si ? "2540 mm" : "100 in"));
             return 0;
         }
         if (geometry::IsCylinder(Code()) && (case_.pipe || case_.tube) &&
             FindThicknessRow(Code(), *value, case_.Pipe(), case_.Tube(), case_.units == Units::si) ==
                 nullptr) {
-            Note(
+            fields_.Note(
                 Severity::information, subject,
                 fmt::format(
                     "Layer {}: the size's table has no covering of {} {}; it is installed at this thickness.",
@@ -238,36 +210,36 @@ private:
     /// audit file.
     void ReadFuel() {
         const bool needed = case_.calculationType == heatLossPerYear;
-        const std::size_t before = findings_.size();
+        const std::size_t before = fields_.findings.size();
         FuelInput fuel;
         fuel.record = FindByName(catalogue_.Fuels, job_[Field::Fuel]);
-        case_.hoursPerYear = Needed(Field::HoursPerYear);
+        case_.hoursPerYear = fields_.Needed(Field::HoursPerYear);
         case_.hoursText = job_[Field::HoursPerYear];
         if (fuel.record == nullptr) {
-            Fail(Field::Fuel, fmt::format("\"{}\" is not in the catalogue", job_[Field::Fuel]));
+            fields_.Fail(Field::Fuel, fmt::format("\"{}\" is not in the catalogue", job_[Field::Fuel]));
         } else {
             const FuelMeasure measure = MeasureOf(fuel.record->CostUnits);
             const bool si = case_.units == Units::si;
-            const double heat = Needed(Field::HeatContent);
-            const double cost = Needed(Field::FuelCost);
+            const double heat = fields_.Needed(Field::HeatContent);
+            const double cost = fields_.Needed(Field::FuelCost);
             fuel.heatContent = Single(si ? HeatContentToEnglish(measure, heat) : heat);
             fuel.cost = Single(si ? FuelCostToEnglish(measure, cost) : cost);
-            fuel.efficiency = Needed(Field::ConversionEfficiency);
+            fuel.efficiency = fields_.Needed(Field::ConversionEfficiency);
             fuel.heatText = job_[Field::HeatContent];
             fuel.costText = job_[Field::FuelCost];
             fuel.efficiencyText = job_[Field::ConversionEfficiency];
         }
-        if (findings_.size() == before) {
+        if (fields_.findings.size() == before) {
             case_.fuel = std::move(fuel);
         } else if (!needed) {
-            findings_.resize(before);
+            fields_.findings.resize(before);
         }
     }
 
     const Job& job_;
     Catalogue& catalogue_;
     CaseInputs case_;
-    std::vector<Finding> findings_;
+    FieldReader fields_;
 };
 
 } // namespace
