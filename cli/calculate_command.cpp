@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/job_edit.h"
-#include "application/units_switch.h"
 #include "cli/calculation_output.h"
 #include "cli/commands.h"
 
@@ -12,23 +10,6 @@
 namespace kaloria::cli {
 
 namespace {
-
-bool ApplySets(const CalculateOptions& options, CApplication& application) {
-    for (const std::string& set : options.sets) {
-        const auto equals = set.find('=');
-        if (equals == std::string::npos) {
-            std::cerr << "kaloria-cli: --set " << set << ": write FIELD=VALUE\n";
-            return false;
-        }
-        const auto problem = SetJobField(application.CurrentJob(), application.Records(),
-                                         set.substr(0, equals), set.substr(equals + 1));
-        if (problem) {
-            std::cerr << "kaloria-cli: --set " << set << ": " << *problem << '\n';
-            return false;
-        }
-    }
-    return true;
-}
 
 void Print(const CalculationResult& result, Format format) {
     switch (format) {
@@ -59,16 +40,10 @@ void Complain(const CalculationResult& result, Format format) {
 } // namespace
 
 int RunCalculate(const CalculateOptions& options, Workplace& workplace) {
-    CApplication& application = workplace.application;
-    application.JobPath = options.job.empty() ? application.DefaultJobPath() : options.job;
-    if (!workplace.hasCatalogue || !application.OpenJob() || !ApplySets(options, application)) {
+    if (!OpenJob(options, workplace)) {
         return exitMisused;
     }
-    if (!options.units.empty()) {
-        UnitsChange(application.CurrentJob(), application.Records(),
-                    options.units == "si" ? Units::si : Units::english, SwitchPrecision::full);
-    }
-    const CalculationResult result = application.Calculate();
+    const CalculationResult result = workplace.application.Calculate();
     Complain(result, options.format);
     if (result.done || options.format == Format::json) {
         Print(result, options.format);

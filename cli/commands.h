@@ -4,6 +4,7 @@
 #include "application/application.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,13 +38,29 @@ struct Workplace {
     bool hasCatalogue = false; ///< the configuration file was read whole
 };
 
-struct CalculateOptions {
+/// Which job, and what is changed in it before it is used.
+struct JobOptions {
     std::filesystem::path job;     ///< empty: the default job
     std::vector<std::string> sets; ///< FIELD=VALUE, in order
     std::string units;             ///< "english", "si" or empty: as the job has them
+};
+
+/// Opens the job and applies the changes; false after a complaint.
+[[nodiscard]] bool OpenJob(const JobOptions& options, Workplace& workplace);
+
+struct CalculateOptions : JobOptions {
     Format format = Format::table;
 };
 [[nodiscard]] int RunCalculate(const CalculateOptions& options, Workplace& workplace);
+
+struct EconomicsOptions : JobOptions {
+    std::optional<std::string> items;  ///< positions; none: as the job has it
+    std::string layout;                ///< "tables", "engineering" or empty: as the job has it
+    std::filesystem::path exportCosts; ///< file to receive the installed costs; empty: none
+    std::filesystem::path importCosts; ///< file of installed costs to be used; empty: the job's source
+    Format format = Format::table;
+};
+[[nodiscard]] int RunEconomics(const EconomicsOptions& options, Workplace& workplace);
 
 /// JSON Lines of raw engine cases from standard input.
 [[nodiscard]] int RunSolve();

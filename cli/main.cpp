@@ -21,14 +21,48 @@ void AddFormat(CLI::App& command, Format& format) {
         ->option_text("FORMAT");
 }
 
+void AddJob(CLI::App& command, JobOptions& options) {
+    command.add_option("job", options.job, "Job file (default: the default job)")->option_text("JOB");
+    command
+        .add_option(
+            "--set", options.sets,
+            "Set an input by its element name, before the units are switched; repeat for more. Layers: "
+            "Insulation.2=NAME, Insulation.2.Thickness=2, Insulation.1.Locked=Vary")
+        ->option_text("FIELD=VALUE")
+        ->allow_extra_args(false);
+    command.add_option("--units", options.units, "Switch the job to english or si units")
+        ->check(CLI::IsMember({"english", "si"}));
+}
+
+void AddEconomics(CLI::App& command, EconomicsOptions& options) {
+    AddJob(command, options);
+    command
+        .add_option("--items", options.items,
+                    "Sizes and surfaces by position, such as 6,12-15,27, or all: 1 to 26 are the pipe sizes, "
+                    "27 to 29 "
+                    "the vertical, top and bottom flat surfaces (default: as the job has it)")
+        ->option_text("LIST");
+    command
+        .add_option("--layout", options.layout,
+                    "tables: the economic thickness at six temperatures; engineering: every thickness at one")
+        ->check(CLI::IsMember({"tables", "engineering"}));
+    command.add_option("--export-costs", options.exportCosts, "Write the installed costs to this file")
+        ->option_text("FILE");
+    command.add_option("--import-costs", options.importCosts, "Use the installed costs of this file")
+        ->option_text("FILE");
+    AddFormat(command, options.format);
+}
+
 /// Everything the command line can say.
 struct Arguments {
     std::string programFolder;
     CalculateOptions calculate;
+    EconomicsOptions economics;
     ValidateOptions validate;
     ListOptions list;
     CheckOptions check;
     CLI::App* calculateCommand = nullptr;
+    CLI::App* economicsCommand = nullptr;
     CLI::App* solveCommand = nullptr;
     CLI::App* validateCommand = nullptr;
     CLI::App* listCommand = nullptr;
@@ -38,18 +72,11 @@ struct Arguments {
         app.add_option("--program-folder", programFolder,
                        "Folder of configuration, default job and other files (default: beside the program)");
         calculateCommand = app.add_subcommand("calculate", "Calculate a job and print its results");
-        calculateCommand->add_option("job", calculate.job, "Job file (default: the default job)")
-            ->option_text("JOB");
-        calculateCommand
-            ->add_option(
-                "--set", calculate.sets,
-                "Set an input by its element name, before the units are switched; repeat for more. Layers: "
-                "Insulation.2=NAME, Insulation.2.Thickness=2, Insulation.1.Locked=Vary")
-            ->option_text("FIELD=VALUE")
-            ->allow_extra_args(false);
-        calculateCommand->add_option("--units", calculate.units, "Switch the job to english or si units")
-            ->check(CLI::IsMember({"english", "si"}));
+        AddJob(*calculateCommand, calculate);
         AddFormat(*calculateCommand, calculate.format);
+        economicsCommand = app.add_subcommand(
+            "economics", "Installed costs, paybacks, economic thickness and emissions of a job");
+        AddEconomics(*economicsCommand, economics);
         solveCommand = app.add_subcommand("solve", "Solve raw engine cases, JSON Lines in and out");
         validateCommand = app.add_subcommand("validate", "Compare the engine with published results");
         validateCommand->add_option("--cases", validate.cases, "File of cases (default: those that ship)");
@@ -84,6 +111,9 @@ int Run(const Arguments& arguments) {
         return RunCheck(arguments.check, folder);
     }
     Workplace workplace(folder);
+    if (arguments.economicsCommand->parsed()) {
+        return RunEconomics(arguments.economics, workplace);
+    }
     return arguments.listCommand->parsed() ? RunList(arguments.list, workplace)
                                            : RunCalculate(arguments.calculate, workplace);
 }
