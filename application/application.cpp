@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/application.h"
 
+#include "application/audit_file.h"
+#include "application/audit_line.h"
 #include "application/calculate.h"
 #include "application/insulation_thickness.h"
 #include "data/atomic_file.h"
@@ -128,10 +130,32 @@ CalculationResult CApplication::Calculate() {
     if (reading.inputs) {
         case_ = std::move(reading.inputs);
         result = kaloria::Calculate(*case_, calculator_, report_);
+        // Now, while the records of the case are there: the user may delete them before the line is appended.
+        result.auditLine = AuditLine(result, *case_);
     }
     result.findings.insert(result.findings.begin(), std::make_move_iterator(reading.findings.begin()),
                            std::make_move_iterator(reading.findings.end()));
     return result;
+}
+
+bool CApplication::AppendAudit(const CalculationResult& result) {
+    if (AuditPath.empty()) {
+        sink_.Show(message::noAuditFile);
+        return false;
+    }
+    if (!result.done) {
+        sink_.Show(message::savingAudit);
+        sink_.Log("there is no calculated case");
+        return false;
+    }
+    try {
+        AppendAuditLine(AuditPath, result.auditLine);
+        return true;
+    } catch (const FileError& error) {
+        sink_.Show(message::savingAudit);
+        sink_.Log(error.what());
+        return false;
+    }
 }
 
 } // namespace kaloria

@@ -91,6 +91,10 @@ public:
     /// Calculates the current job. The engine keeps the last solved case until the next call.
     [[nodiscard]] CalculationResult Calculate();
 
+    /// Appends the line of a calculated case to the audit file at AuditPath; false when there is no path or
+    /// no result, or when it could not be written.
+    bool AppendAudit(const CalculationResult& result);
+
     /// Gives the material rows of a job the names of their records, or marks them as missing.
     void NameMaterials(Job& job) const;
 

@@ -91,6 +91,7 @@ struct CalculationResult {
     std::optional<CondensationResult> condensation;
     std::optional<float> unitFuelCost; ///< [$/Btu]
     std::vector<SolvedRow> solved;     ///< row by row as the grid, in English units
+    std::string auditLine;             ///< the case as a line of the audit file; of CApplication::Calculate
     std::vector<Finding> findings;
 
     /// Whether the bare row and at least one insulated row have an answer.

@@ -40,6 +40,8 @@ inline constexpr std::string_view wrongVersion = "File is of a different version
 inline constexpr std::string_view openingJob = "An error has occured while opening job information.  ";
 inline constexpr std::string_view savingJob = "An error has occured while saving job information.  ";
 inline constexpr std::string_view loadingMaterials = "An error occured while loading material data.";
+inline constexpr std::string_view noAuditFile = "No audit file has been selected.";
+inline constexpr std::string_view savingAudit = "An error has occured while saving audit data.";
 } // namespace message
 
 } // namespace kaloria
