@@ -46,22 +46,10 @@ private:
     }
 
     void ResolveDewPoint() {
-        if (!inputs_.moisture) {
-            return;
-        }
-        const std::string subject(InfoOf(inputs_.moisture->given).element);
-        try {
-            result_.condensation = ResolveMoisture(*inputs_.moisture, inputs_.ambientTemp, calculator_);
-        } catch (const NumericFault& fault) {
-            Note(Severity::error, subject, std::string("There is no dew point: ") + fault.what() + ".");
-            return;
-        }
-        if (inputs_.moisture->given == Field::RelativeHumidity && inputs_.moisture->value < 1.0F) {
-            Note(Severity::warning, subject, "A relative humidity below 1 % is reckoned as 1 %.");
-        }
-        if (result_.condensation->dewPoint > inputs_.ambientTemp + 0.05F) {
-            Note(Severity::warning, subject,
-                 "The dew point lies above the ambient temperature: no thickness keeps such a surface dry.");
+        if (inputs_.moisture) {
+            MoistureReading reading = ReadMoisture(*inputs_.moisture, inputs_.ambientTemp, calculator_);
+            result_.condensation = reading.condensation;
+            Append(std::move(reading.findings));
         }
     }
 

@@ -45,4 +45,26 @@ CondensationResult ResolveMoisture(const MoistureInput& moisture, float ambientT
     return result;
 }
 
+MoistureReading ReadMoisture(const MoistureInput& moisture, float ambientTemp,
+                             CHeatLossCalculator& calculator) {
+    MoistureReading reading;
+    const auto note = [&](Severity severity, std::string text) {
+        reading.findings.push_back({severity, std::string(InfoOf(moisture.given).element), std::move(text)});
+    };
+    try {
+        reading.condensation = ResolveMoisture(moisture, ambientTemp, calculator);
+    } catch (const NumericFault& fault) {
+        note(Severity::error, std::string("There is no dew point: ") + fault.what() + ".");
+        return reading;
+    }
+    if (moisture.given == Field::RelativeHumidity && moisture.value < 1.0F) {
+        note(Severity::warning, "A relative humidity below 1 % is reckoned as 1 %.");
+    }
+    if (reading.condensation->dewPoint > ambientTemp + 0.05F) {
+        note(Severity::warning,
+             "The dew point lies above the ambient temperature: no thickness keeps such a surface dry.");
+    }
+    return reading;
+}
+
 } // namespace kaloria

@@ -3,6 +3,7 @@
 
 #include "application/calculation_result.h"
 #include "application/case_inputs.h"
+#include "application/finding.h"
 
 namespace kaloria {
 
@@ -12,5 +13,15 @@ namespace kaloria {
 /// @throws NumericFault, for a wet bulb above the ambient temperature too
 [[nodiscard]] CondensationResult ResolveMoisture(const MoistureInput& moisture, float ambientTemp,
                                                  CHeatLossCalculator& calculator);
+
+/// What was found out about the moisture of the air: nothing and an error, or the dew point and warnings.
+struct MoistureReading {
+    std::optional<CondensationResult> condensation;
+    std::vector<Finding> findings;
+};
+
+/// As ResolveMoisture, with what should be known about it.
+[[nodiscard]] MoistureReading ReadMoisture(const MoistureInput& moisture, float ambientTemp,
+                                           CHeatLossCalculator& calculator);
 
 } // namespace kaloria

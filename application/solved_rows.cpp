@@ -111,19 +111,6 @@ bool Exists(const CaseInputs& inputs, float nominal) {
                                                            inputs.units == Units::si) != nullptr;
 }
 
-bool MeetsGoal(const SolvedRow& row, const CaseInputs& inputs, std::optional<float> dewPoint) {
-    switch (inputs.calculationType) {
-    case personnelProtection:
-        return row.surfaceTemp <= inputs.maxSurfaceTemp;
-    case condensationControl:
-        return inputs.IsCold() && dewPoint && row.surfaceTemp >= *dewPoint;
-    case heatFlowLimitation:
-        return std::abs(row.meanFlux) <= std::abs(double{inputs.heatFlowLimit});
-    default:
-        return false;
-    }
-}
-
 } // namespace
 
 std::vector<SolvedRow> SolveRows(const CaseInputs& inputs, CHeatLossCalculator& calculator) {
@@ -131,7 +118,15 @@ std::vector<SolvedRow> SolveRows(const CaseInputs& inputs, CHeatLossCalculator& 
     SetInputs(calculator, inputs);
     rows.emplace_back().bare = true;
     SolveRow(rows.back(), calculator, inputs);
+    auto insulated = SolveInsulatedRows(inputs, calculator, [](const SolvedRow&) { return false; });
+    std::move(insulated.begin(), insulated.end(), std::back_inserter(rows));
+    return rows;
+}
 
+std::vector<SolvedRow> SolveInsulatedRows(const CaseInputs& inputs, CHeatLossCalculator& calculator,
+                                          const std::function<bool(const SolvedRow&)>& isEnough) {
+    std::vector<SolvedRow> rows;
+    SetInputs(calculator, inputs);
     const std::vector<float> none{0};
     const bool varies = inputs.Varies();
     for (const float nominal : varies ? inputs.nominalThicknesses : none) {
@@ -144,6 +139,9 @@ std::vector<SolvedRow> SolveRows(const CaseInputs& inputs, CHeatLossCalculator& 
         }
         SetLayers(calculator, inputs, row.nominal);
         SolveRow(row, calculator, inputs);
+        if (isEnough(row)) {
+            break;
+        }
     }
     return rows;
 }
@@ -169,10 +167,26 @@ std::optional<double> EfficiencyOf(const SolvedRow& row, const SolvedRow& bare) 
     return (bare.comparedFlow - row.comparedFlow) / bare.comparedFlow * 100.0;
 }
 
+bool MeetsGoal(const SolvedRow& row, const CaseInputs& inputs, std::optional<float> dewPoint) {
+    if (!row.IsSolved()) {
+        return false;
+    }
+    switch (inputs.calculationType) {
+    case personnelProtection:
+        return row.surfaceTemp <= inputs.maxSurfaceTemp;
+    case condensationControl:
+        return inputs.IsCold() && dewPoint && row.surfaceTemp >= *dewPoint;
+    case heatFlowLimitation:
+        return std::abs(row.meanFlux) <= std::abs(double{inputs.heatFlowLimit});
+    default:
+        return false;
+    }
+}
+
 const SolvedRow* DesignRow(const std::vector<SolvedRow>& rows, const CaseInputs& inputs,
                            std::optional<float> dewPoint) {
     for (const SolvedRow& row : rows) {
-        if (!row.bare && row.IsSolved() && MeetsGoal(row, inputs, dewPoint)) {
+        if (!row.bare && MeetsGoal(row, inputs, dewPoint)) {
             return &row;
         }
     }

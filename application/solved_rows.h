@@ -4,6 +4,7 @@
 #include "application/case_inputs.h"
 #include "engine/heat_loss_calculator.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,6 +47,12 @@ struct SolvedRow {
 /// @p calculator with the last case; it refers to records in @p inputs and in the catalogue.
 [[nodiscard]] std::vector<SolvedRow> SolveRows(const CaseInputs& inputs, CHeatLossCalculator& calculator);
 
+/// The insulated rows alone, in the order of the series, up to and including the first that @p isEnough
+/// accepts.
+[[nodiscard]] std::vector<SolvedRow>
+SolveInsulatedRows(const CaseInputs& inputs, CHeatLossCalculator& calculator,
+                   const std::function<bool(const SolvedRow&)>& isEnough);
+
 /// What a row costs and emits in a year; English units, per foot or per square foot.
 struct RowMoney {
     double cost = 0;               ///< [$]
@@ -61,8 +68,11 @@ struct RowMoney {
 /// Insulated against bare heat flow [%]; nothing when the bare surface exchanges no heat.
 [[nodiscard]] std::optional<double> EfficiencyOf(const SolvedRow& row, const SolvedRow& bare);
 
-/// The first insulated row that meets the goal of types 0 to 2, inclusively: surface not above the limit;
-/// surface not below @p dewPoint [degF], in cold service only; mean flux not above the limit in magnitude.
+/// Whether a solved row meets the goal of types 0 to 2, inclusively: surface not above the limit; surface not
+/// below @p dewPoint [degF], in cold service only; mean flux not above the limit in magnitude.
+[[nodiscard]] bool MeetsGoal(const SolvedRow& row, const CaseInputs& inputs, std::optional<float> dewPoint);
+
+/// The first insulated row that meets the goal.
 [[nodiscard]] const SolvedRow* DesignRow(const std::vector<SolvedRow>& rows, const CaseInputs& inputs,
                                          std::optional<float> dewPoint);
 

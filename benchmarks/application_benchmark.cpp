@@ -3,6 +3,7 @@
 // calculation.
 #include "application/application.h"
 #include "application/solved_rows.h"
+#include "application/thickness_table.h"
 #include "data/configuration_file.h"
 
 #include <benchmark/benchmark.h>
@@ -57,6 +58,20 @@ void CalculateDefaultJob(benchmark::State& state) {
     }
 }
 BENCHMARK(CalculateDefaultJob)->Unit(benchmark::kMillisecond);
+
+/// 26 pipe sizes by six temperatures, each cell searched from the thinnest covering on.
+void ThicknessTableOfAllSizes(benchmark::State& state) {
+    MessageList messages;
+    CApplication application(resources, messages);
+    application.LoadConfigurationFile();
+    std::size_t sizes = 0;
+    for (auto _ : state) {
+        sizes = MakeThicknessTable(application.CurrentJob(), application.Records()).rows.size();
+        benchmark::DoNotOptimize(sizes);
+    }
+    state.counters["sizes"] = static_cast<double>(sizes);
+}
+BENCHMARK(ThicknessTableOfAllSizes)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kaloria
