@@ -53,6 +53,18 @@ struct CalculateOptions : JobOptions {
 };
 [[nodiscard]] int RunCalculate(const CalculateOptions& options, Workplace& workplace);
 
+struct AuditOptions : JobOptions {
+    std::filesystem::path file; ///< that receives the line
+};
+/// Calculates the job and appends it to the audit file; a case without an answer is not appended.
+[[nodiscard]] int RunAudit(const AuditOptions& options, Workplace& workplace);
+
+struct ThicknessTableOptions : JobOptions {
+    bool dimensions = false; ///< the dimensions of all coverings instead
+    Format format = Format::table;
+};
+[[nodiscard]] int RunThicknessTable(const ThicknessTableOptions& options, Workplace& workplace);
+
 struct EconomicsOptions : JobOptions {
     std::optional<std::string> items;  ///< positions; none: as the job has it
     std::string layout;                ///< "tables", "engineering" or empty: as the job has it

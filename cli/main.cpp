@@ -57,11 +57,15 @@ void AddEconomics(CLI::App& command, EconomicsOptions& options) {
 struct Arguments {
     std::string programFolder;
     CalculateOptions calculate;
+    AuditOptions audit;
+    ThicknessTableOptions thicknessTable;
     EconomicsOptions economics;
     ValidateOptions validate;
     ListOptions list;
     CheckOptions check;
     CLI::App* calculateCommand = nullptr;
+    CLI::App* auditCommand = nullptr;
+    CLI::App* thicknessTableCommand = nullptr;
     CLI::App* economicsCommand = nullptr;
     CLI::App* solveCommand = nullptr;
     CLI::App* validateCommand = nullptr;
@@ -74,6 +78,17 @@ struct Arguments {
         calculateCommand = app.add_subcommand("calculate", "Calculate a job and print its results");
         AddJob(*calculateCommand, calculate);
         AddFormat(*calculateCommand, calculate.format);
+        auditCommand = app.add_subcommand("audit", "Calculate a job and append it to an audit file");
+        AddJob(*auditCommand, audit);
+        auditCommand->add_option("--append", audit.file, "The audit file; created when it is missing")
+            ->required()
+            ->option_text("FILE");
+        thicknessTableCommand = app.add_subcommand(
+            "thickness-table", "Thickness that every pipe or tube size needs at six temperatures");
+        AddJob(*thicknessTableCommand, thicknessTable);
+        thicknessTableCommand->add_flag("--dimensions", thicknessTable.dimensions,
+                                        "Print the dimensions of all insulation made for the sizes instead");
+        AddFormat(*thicknessTableCommand, thicknessTable.format);
         economicsCommand = app.add_subcommand(
             "economics", "Installed costs, paybacks, economic thickness and emissions of a job");
         AddEconomics(*economicsCommand, economics);
@@ -89,7 +104,8 @@ struct Arguments {
             ->check(CLI::IsMember(
                 {"insulations", "base-metals", "jackets", "fuels", "geometries", "pipes", "tubes"}));
         AddFormat(*listCommand, list.format);
-        checkCommand = app.add_subcommand("check", "Say what is wrong in a job or configuration file");
+        checkCommand =
+            app.add_subcommand("check", "Say what is wrong in a job, configuration, ratio or cost file");
         checkCommand->add_option("file", check.file, "The file")->required()->option_text("FILE");
     }
 };
@@ -111,6 +127,12 @@ int Run(const Arguments& arguments) {
         return RunCheck(arguments.check, folder);
     }
     Workplace workplace(folder);
+    if (arguments.auditCommand->parsed()) {
+        return RunAudit(arguments.audit, workplace);
+    }
+    if (arguments.thicknessTableCommand->parsed()) {
+        return RunThicknessTable(arguments.thicknessTable, workplace);
+    }
     if (arguments.economicsCommand->parsed()) {
         return RunEconomics(arguments.economics, workplace);
     }

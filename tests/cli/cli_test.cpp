@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // kaloria-cli as scripts use it: what it prints, where, and with which exit code.
 #include "tests/support/case_files.h"
+#include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,15 @@ TEST(Cli, EndsWithTheExitCodeOfWhatHappened) {
         {"calculate /no/such/job.kal", 2, "File not found."},
         {"calculate --format xml", 2, "--format"},
         {"--program-folder /no/such/folder calculate", 2, "An error occured while loading material data."},
+        {"thickness-table", 0, "   6     0.5"},
+        {"thickness-table --units si", 0, "121 °C"},
+        {"thickness-table --set SurfaceGeometry='Vertical Flat'", 1, "only be created for pipes and tubes"},
+        {"thickness-table --dimensions --format csv", 0, "6,6.625,2,2.0"},
+        {"thickness-table --dimensions --set SurfaceGeometry='Vertical Flat'", 1, "only pipes and tubes"},
+        {"audit --append /dev/full", 2, "An error has occured while saving audit data."},
+        {"audit --append ''", 2, "No audit file has been selected."},
+        {"audit --set PipeSize=7 --append /no/such/folder/a.aud", 1, "not in the list of pipe sizes"},
+        {"audit", 2, "--append is required"},
         {"list", 2, "what is required"},
         {"list moons", 2, "moons not in"},
         {"list pipes", 0, "6.625"},
@@ -90,6 +100,31 @@ TEST(Cli, JsonCarriesNumbersAndCsvTheShownFigures) {
     const Outcome asCsv = RunCli("calculate --format csv");
     EXPECT_THAT(asCsv.out, HasSubstr("Variable Insulation Thickness,Surface Temp (°F),Heat Loss (BTU/hr/ft),"
                                      "Efficiency (%)\nBare,349.3,1572.74,\n0.5,162.5,269.43,82.87\n"));
+}
+
+TEST(Cli, ThicknessTableAsNumbersAndAsShown) {
+    const json table = json::parse(RunCli("thickness-table --format json --set MaxSurfaceTemp=120").out);
+    EXPECT_EQ(table.at("temperatures"), json::parse("[250,350,450,550,650,750]"));
+    EXPECT_EQ(table.at("rows").size(), 26U);
+    EXPECT_EQ(table.at("rows")[11].at("size"), "6");
+    EXPECT_EQ(table.at("rows")[11].at("thicknesses")[1], 1.5); // as in the window's drawing
+    EXPECT_EQ(table.at("maxSurfaceTemp"), 120.0);
+    EXPECT_TRUE(table.at("dewPoint").is_null());
+    EXPECT_THAT(RunCli("thickness-table --format csv --set MaxSurfaceTemp=76").out,
+                ::testing::StartsWith("Size,250 °F,350 °F,450 °F,550 °F,650 °F,750 °F\n0.5,-,-,"));
+}
+
+TEST(Cli, AuditAppendsOneLineForEachRun) {
+    const test::TemporaryFolder folder;
+    const auto file = folder / "plant.aud";
+    for (int run = 0; run < 2; ++run) {
+        const Outcome outcome =
+            RunCli("audit --set ItemDescription=Boiler --append " + file.string(), {}, true);
+        EXPECT_EQ(outcome.exitCode, 0);
+        EXPECT_EQ(outcome.out, "");
+    }
+    EXPECT_EQ(RunCli("audit --set PipeSize=7 --append " + file.string()).exitCode, 1); // and no line
+    EXPECT_THAT(test::Slurp(file), ::testing::MatchesRegex("Boiler\t[^\n]*\r\nBoiler\t[^\n]*\r\n"));
 }
 
 TEST(Cli, SolveAnswersEveryGoodLineAndNamesTheBadOnes) {
