@@ -6,6 +6,7 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache
     libpugixml-dev libfmt-dev nlohmann-json3-dev libcli11-dev
+    qt6-base-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 )
 
