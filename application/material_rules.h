@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -38,8 +39,9 @@ enum class MaterialKind : std::uint8_t { insulation, baseMetal, jacket, fuel };
 [[nodiscard]] CJacketMaterial DuplicateOf(const Catalogue& catalogue, const CJacketMaterial& record);
 [[nodiscard]] CFuel DuplicateOf(const Catalogue& catalogue, const CFuel& record);
 
-/// Puts an edited record into the catalogue: in the place of the one of its `ID`, or at the end. The job
-/// follows: its rows and choices take over a changed name.
+/// Puts an edited record into the catalogue: in the place of the one of its `ID`, or at the end. Points are
+/// sorted. The job follows: its rows and choices take over a changed name, and a row left without its record
+/// never comes to mean a new one of the same `ID`.
 /// @return the refusal; empty when it is done. What is wrong in the record is not asked here, see
 /// CheckRecord.
 std::string_view Accept(Catalogue& catalogue, Job& job, const CInsulation& record);
@@ -55,7 +57,8 @@ std::string_view ToggleActive(Catalogue& catalogue, MaterialKind kind, std::int3
 [[nodiscard]] std::string UseInJob(const Catalogue& catalogue, const Job& job, MaterialKind kind,
                                    std::int32_t id);
 
-/// Deletes records and brings them back, the last one first, where they were.
+/// Deletes records and brings them back, the last one first, where they were. Rows of a job that used one are
+/// marked by CApplication::NameMaterials.
 class MaterialDeletions {
 public:
     /// @return the refusal; empty when it is done
@@ -83,6 +86,14 @@ private:
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CBaseMetal& record);
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CJacketMaterial& record);
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CFuel& record);
+
+/// The units by which fuels can be bought, with the units of their heating values; another unit has no price
+/// of heat.
+struct FuelUnitPair {
+    std::string_view cost; ///< "$/Mcf"
+    std::string_view heat; ///< "Btu/cf"
+};
+[[nodiscard]] std::span<const FuelUnitPair> FuelUnitPairs();
 
 [[nodiscard]] bool HasErrors(const std::vector<Finding>& findings);
 

@@ -7,8 +7,8 @@
 
 #include <filesystem>
 #include <list>
+#include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace kaloria {
@@ -27,12 +27,9 @@ public:
     FileLock() = default;
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
-    FileLock(FileLock&& other) noexcept : path_(std::move(other.path_)), file_(other.file_) {
-        other.file_ = -1;
-    }
-    FileLock& operator=(FileLock&&) = delete;
     ~FileLock();
 
+    /// Makes the file when it is missing.
     /// @return whether the file is ours now: nobody else holds it, and it is still there under its name
     [[nodiscard]] bool Take(const std::filesystem::path& path);
     [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
@@ -69,18 +66,24 @@ public:
 
     /// Reads a copy into @p job (materials without names, see CApplication::NameMaterials). The copy stays
     /// until it is discarded.
-    /// @return what is wrong with the copy; nothing when it was read whole
+    /// @return what is wrong with the copy (then @p job is as it was); nothing when it was read whole
     [[nodiscard]] std::optional<FileProblem> Take(const RecoveryCopy& copy, const Catalogue& catalogue,
                                                   Job& job);
     void Discard(const RecoveryCopy& copy);
 
 private:
+    struct Claimed {
+        FileLock lock;
+        RecoveryCopy copy;
+    };
+
     [[nodiscard]] bool HaveOwn();
-    void Claim(const std::filesystem::path& lockFile, std::vector<RecoveryCopy>& copies);
+    [[nodiscard]] bool MakeFolder() const;
+    void Claim(const std::filesystem::path& copyFile);
 
     std::filesystem::path folder_;
-    std::optional<FileLock> own_;
-    std::list<FileLock> claimed_;
+    std::unique_ptr<FileLock> own_;
+    std::list<Claimed> claimed_;
 };
 
 } // namespace kaloria

@@ -5,7 +5,7 @@
 # To build, run and test; docs/architecture.md says what each is for.
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache
-    libpugixml-dev libfmt-dev nlohmann-json3-dev libcli11-dev
+    libpugixml-dev libfmt-dev nlohmann-json3-dev libcli11-dev libxlsxwriter-dev
     qt6-base-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 )
