@@ -51,6 +51,7 @@ public:
 
 private:
     void ReadConditions() {
+        inputs_.units = fields_.UnitsInForce();
         inputs_.engineering =
             choice_.engineering ? *choice_.engineering : fields_.Flag(Field::EngineeringReport);
         inputs_.ambientTemp = fields_.Needed(Field::AnnualAverageTemp);
@@ -197,6 +198,7 @@ private:
                          fmt::format("\"{}\" is no installation complexity", complexity));
         }
         costs.ComplexityFactor = factor.value_or(1.0F);
+        inputs_.complexity = complexity;
         ReadProductivity();
     }
 
@@ -279,7 +281,7 @@ private:
         std::vector<int> items;
         if (choice_.items) {
             items = *choice_.items;
-            if (items.empty()) {
+            if (items.empty() && !choice_.mayBeEmpty) {
                 fields_.Fail(Field::ReportAllSurfaces, "no size or surface is chosen");
             }
         } else if (fields_.Flag(Field::ReportAllSurfaces)) {

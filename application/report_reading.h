@@ -25,6 +25,7 @@ struct ReportChoice {
         items;                       ///< positions; else all or the job's own surface, by ReportAllSurfaces
     std::optional<bool> engineering; ///< else by EngineeringReport
     std::optional<CostSource> costSource; ///< else by FEA, PreviousCostData and UserSuppliedCostData
+    bool mayBeEmpty = false;              ///< items may name no position
 };
 
 /// What reading the report fields gave: the inputs, or the errors that stand in their way, with what else was

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/quantity.h"
 #include "engine/insulation.h"
 #include "engine/reference_records.h"
 #include "reports/installed_cost.h"
@@ -56,6 +57,8 @@ struct ReportInputs {
     EconomicFigures money;               ///< unitFuelCost is filled by the report
     CFuel fuel;                          ///< with the price and the heating value of the report
     InstalledCostInputs installedCost;   ///< for the estimate
+    std::string complexity;              ///< of the estimate, as chosen; empty: costs come from elsewhere
+    Units units = Units::english;        ///< in which a report is written
     bool engineering = false;            ///< one temperature with every thickness; else tables
     float startingTemp = 0;              ///< [degF]
     float tempIncrement = 0;             ///< [degF]
