@@ -81,6 +81,9 @@ public:
     /// A hook at start-up; has no lasting effect.
     void BuildCostData() const noexcept;
 
+    /// Where everything is said.
+    [[nodiscard]] MessageSink& Messages() const { return sink_; }
+
     [[nodiscard]] Job& CurrentJob() { return job_; }
     [[nodiscard]] const std::filesystem::path& ProgramFolder() const { return programFolder_; }
     [[nodiscard]] std::filesystem::path ConfigurationPath() const {

@@ -14,8 +14,8 @@ namespace {
 /// Runs one analysis.
 class EconomicsRun {
 public:
-    EconomicsRun(CApplication& application, const EconomicsRequest& request)
-        : application_(application), report_(application.Report()), request_(request) {}
+    EconomicsRun(CApplication& application, const EconomicsRequest& request, const EconomicsWork& work)
+        : application_(application), report_(application.Report()), request_(request), work_(work) {}
 
     EconomicsResult Run() {
         ReportChoice choice = request_.choice;
@@ -91,7 +91,7 @@ private:
 
     void Analyse(CCostData& costs) {
         try {
-            result_.done = report_.Analyse(costs, request_.progress);
+            result_.done = work_(report_, costs);
             result_.cancelled = !result_.done;
         } catch (const NumericFault& fault) {
             result_.findings.push_back({Severity::error, "", fmt::format("No analysis: {}.", fault.what())});
@@ -149,13 +149,21 @@ private:
     CApplication& application_;
     CReport& report_;
     const EconomicsRequest& request_;
+    const EconomicsWork& work_;
     EconomicsResult result_;
 };
 
 } // namespace
 
 EconomicsResult RunEconomics(CApplication& application, const EconomicsRequest& request) {
-    return EconomicsRun(application, request).Run();
+    return RunEconomicsWith(application, request, [&](CReport& report, CCostData& costs) {
+        return report.Analyse(costs, request.progress);
+    });
+}
+
+EconomicsResult RunEconomicsWith(CApplication& application, const EconomicsRequest& request,
+                                 const EconomicsWork& work) {
+    return EconomicsRun(application, request, work).Run();
 }
 
 } // namespace kaloria

@@ -5,6 +5,7 @@
 #include "application/report_reading.h"
 
 #include <filesystem>
+#include <functional>
 
 namespace kaloria {
 
@@ -14,6 +15,11 @@ struct EconomicsRequest {
     std::filesystem::path costFile; ///< installed costs to be used instead of the job's source; empty: none
     AnalysisProgress progress;      ///< may be empty
 };
+
+/// What is done with the inputs and installed costs that were provided; false when it was cancelled. It
+/// leaves an analysis in the report.
+/// @param costs  of these inputs; without any when there are none
+using EconomicsWork = std::function<bool(CReport& report, CCostData& costs)>;
 
 /// How it went. The figures are in the application's report: `Analysis()`, `Inputs`, `CostData()`.
 struct EconomicsResult {
@@ -31,5 +37,9 @@ struct EconomicsResult {
 /// estimate that fails leaves an analysis without installed costs and paybacks, and an error among the
 /// findings.
 [[nodiscard]] EconomicsResult RunEconomics(CApplication& application, const EconomicsRequest& request);
+
+/// The same with @p work in place of the analysis alone; `done` and `cancelled` tell how that ended.
+[[nodiscard]] EconomicsResult RunEconomicsWith(CApplication& application, const EconomicsRequest& request,
+                                               const EconomicsWork& work);
 
 } // namespace kaloria

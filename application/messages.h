@@ -42,6 +42,8 @@ inline constexpr std::string_view savingJob = "An error has occured while saving
 inline constexpr std::string_view loadingMaterials = "An error occured while loading material data.";
 inline constexpr std::string_view noAuditFile = "No audit file has been selected.";
 inline constexpr std::string_view savingAudit = "An error has occured while saving audit data.";
+inline constexpr std::string_view savingReport =
+    "A problem occured while saving your report.  Please try again.";
 
 // Layers
 inline constexpr std::string_view tooManyLayers = "You may not have more than five layers.";
