@@ -2,6 +2,7 @@
 #pragma once
 
 #include "application/application.h"
+#include "application/economics.h"
 
 #include <filesystem>
 #include <optional>
@@ -62,17 +63,37 @@ struct AuditOptions : JobOptions {
 struct ThicknessTableOptions : JobOptions {
     bool dimensions = false; ///< the dimensions of all coverings instead
     Format format = Format::table;
+    std::filesystem::path file; ///< that is replaced by the table as rich text; empty: it is printed
 };
 [[nodiscard]] int RunThicknessTable(const ThicknessTableOptions& options, Workplace& workplace);
 
-struct EconomicsOptions : JobOptions {
+/// What an economic analysis of the job is asked for.
+struct AnalysisOptions : JobOptions {
     std::optional<std::string> items;  ///< positions; none: as the job has it
     std::string layout;                ///< "tables", "engineering" or empty: as the job has it
-    std::filesystem::path exportCosts; ///< file to receive the installed costs; empty: none
     std::filesystem::path importCosts; ///< file of installed costs to be used; empty: the job's source
+};
+
+/// The request of the options; nothing after a complaint.
+[[nodiscard]] std::optional<EconomicsRequest> RequestOf(const AnalysisOptions& options);
+
+struct EconomicsOptions : AnalysisOptions {
+    std::filesystem::path exportCosts; ///< file to receive the installed costs; empty: none
     Format format = Format::table;
 };
 [[nodiscard]] int RunEconomics(const EconomicsOptions& options, Workplace& workplace);
+
+struct ReportOptions : AnalysisOptions {
+    std::string kind = "economic"; ///< or "environmental"
+    std::filesystem::path file;    ///< that is replaced by the report
+};
+[[nodiscard]] int RunReport(const ReportOptions& options, Workplace& workplace);
+
+struct ShortReportOptions : JobOptions {
+    std::filesystem::path file; ///< that is replaced by the report
+};
+/// Calculates the job and writes the short report of it.
+[[nodiscard]] int RunShortReport(const ShortReportOptions& options, Workplace& workplace);
 
 /// JSON Lines of raw engine cases from standard input.
 [[nodiscard]] int RunSolve();

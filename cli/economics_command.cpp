@@ -15,37 +15,6 @@ namespace kaloria::cli {
 
 namespace {
 
-/// The request of the options; nothing after a complaint.
-std::optional<EconomicsRequest> RequestOf(const EconomicsOptions& options) {
-    EconomicsRequest request;
-    if (options.items) {
-        ItemSelection selection = ParseItems(*options.items);
-        if (!selection.problem.empty()) {
-            std::cerr << "kaloria-cli: --items: " << selection.problem << '\n';
-            return std::nullopt;
-        }
-        request.choice.items = std::move(selection.positions);
-    }
-    if (!options.layout.empty()) {
-        request.choice.engineering = options.layout == "engineering";
-    }
-    if (!options.importCosts.empty()) {
-        const auto problems = CheckCustomCosts(options.importCosts);
-        for (const FileProblem& problem : problems) {
-            std::cerr << "kaloria-cli: ";
-            if (problem.line > 0) {
-                std::cerr << options.importCosts.string() << ':' << problem.line << ": ";
-            }
-            std::cerr << problem.text << '\n';
-        }
-        if (!problems.empty()) {
-            return std::nullopt;
-        }
-        request.costFile = options.importCosts;
-    }
-    return request;
-}
-
 void Print(const EconomicsResult& result, const CReport& report, Format format) {
     if (format == Format::json) {
         std::cout << ToJson(result, report).dump(2, ' ', false, nlohmann::json::error_handler_t::replace)
@@ -89,6 +58,36 @@ bool ExportCosts(const std::filesystem::path& path, const EconomicsResult& resul
 }
 
 } // namespace
+
+std::optional<EconomicsRequest> RequestOf(const AnalysisOptions& options) {
+    EconomicsRequest request;
+    if (options.items) {
+        ItemSelection selection = ParseItems(*options.items);
+        if (!selection.problem.empty()) {
+            std::cerr << "kaloria-cli: --items: " << selection.problem << '\n';
+            return std::nullopt;
+        }
+        request.choice.items = std::move(selection.positions);
+    }
+    if (!options.layout.empty()) {
+        request.choice.engineering = options.layout == "engineering";
+    }
+    if (!options.importCosts.empty()) {
+        const auto problems = CheckCustomCosts(options.importCosts);
+        for (const FileProblem& problem : problems) {
+            std::cerr << "kaloria-cli: ";
+            if (problem.line > 0) {
+                std::cerr << options.importCosts.string() << ':' << problem.line << ": ";
+            }
+            std::cerr << problem.text << '\n';
+        }
+        if (!problems.empty()) {
+            return std::nullopt;
+        }
+        request.costFile = options.importCosts;
+    }
+    return request;
+}
 
 int RunEconomics(const EconomicsOptions& options, Workplace& workplace) {
     const auto request = RequestOf(options);

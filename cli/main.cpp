@@ -10,8 +10,9 @@
 
 namespace {
 
-using namespace kaloria;
 using namespace kaloria::cli;
+using kaloria::ChooseProgramFolder;
+using kaloria::ProgramPlaces;
 
 void AddFormat(CLI::App& command, Format& format) {
     static const std::map<std::string, Format> names{
@@ -34,7 +35,7 @@ void AddJob(CLI::App& command, JobOptions& options) {
         ->check(CLI::IsMember({"english", "si"}));
 }
 
-void AddEconomics(CLI::App& command, EconomicsOptions& options) {
+void AddAnalysis(CLI::App& command, AnalysisOptions& options) {
     AddJob(command, options);
     command
         .add_option("--items", options.items,
@@ -46,11 +47,26 @@ void AddEconomics(CLI::App& command, EconomicsOptions& options) {
         .add_option("--layout", options.layout,
                     "tables: the economic thickness at six temperatures; engineering: every thickness at one")
         ->check(CLI::IsMember({"tables", "engineering"}));
-    command.add_option("--export-costs", options.exportCosts, "Write the installed costs to this file")
-        ->option_text("FILE");
     command.add_option("--import-costs", options.importCosts, "Use the installed costs of this file")
         ->option_text("FILE");
+}
+
+void AddEconomics(CLI::App& command, EconomicsOptions& options) {
+    AddAnalysis(command, options);
+    command.add_option("--export-costs", options.exportCosts, "Write the installed costs to this file")
+        ->option_text("FILE");
     AddFormat(command, options.format);
+}
+
+CLI::Option* AddOutput(CLI::App& command, std::filesystem::path& file, const std::string& help) {
+    return command.add_option("-o,--output", file, help)->option_text("FILE");
+}
+
+void AddReport(CLI::App& command, ReportOptions& options) {
+    AddAnalysis(command, options);
+    command.add_option("--kind", options.kind, "economic or environmental")
+        ->check(CLI::IsMember({"economic", "environmental"}));
+    AddOutput(command, options.file, "The report, a rich-text file; replaced when it is there")->required();
 }
 
 /// Everything the command line can say.
@@ -60,6 +76,8 @@ struct Arguments {
     AuditOptions audit;
     ThicknessTableOptions thicknessTable;
     EconomicsOptions economics;
+    ReportOptions report;
+    ShortReportOptions shortReport;
     ValidateOptions validate;
     ListOptions list;
     CheckOptions check;
@@ -67,6 +85,8 @@ struct Arguments {
     CLI::App* auditCommand = nullptr;
     CLI::App* thicknessTableCommand = nullptr;
     CLI::App* economicsCommand = nullptr;
+    CLI::App* reportCommand = nullptr;
+    CLI::App* shortReportCommand = nullptr;
     CLI::App* solveCommand = nullptr;
     CLI::App* validateCommand = nullptr;
     CLI::App* listCommand = nullptr;
@@ -89,9 +109,18 @@ struct Arguments {
         thicknessTableCommand->add_flag("--dimensions", thicknessTable.dimensions,
                                         "Print the dimensions of all insulation made for the sizes instead");
         AddFormat(*thicknessTableCommand, thicknessTable.format);
+        AddOutput(*thicknessTableCommand, thicknessTable.file,
+                  "Write the table to this rich-text file instead of printing it");
         economicsCommand = app.add_subcommand(
             "economics", "Installed costs, paybacks, economic thickness and emissions of a job");
         AddEconomics(*economicsCommand, economics);
+        reportCommand =
+            app.add_subcommand("report", "Economic or environmental report of a job, as a rich-text file");
+        AddReport(*reportCommand, report);
+        shortReportCommand =
+            app.add_subcommand("short-report", "Calculate a job and report it as a rich-text file");
+        AddJob(*shortReportCommand, shortReport);
+        AddOutput(*shortReportCommand, shortReport.file, "The report; replaced when it is there")->required();
         solveCommand = app.add_subcommand("solve", "Solve raw engine cases, JSON Lines in and out");
         validateCommand = app.add_subcommand("validate", "Compare the engine with published results");
         validateCommand->add_option("--cases", validate.cases, "File of cases (default: those that ship)");
@@ -135,6 +164,12 @@ int Run(const Arguments& arguments) {
     }
     if (arguments.economicsCommand->parsed()) {
         return RunEconomics(arguments.economics, workplace);
+    }
+    if (arguments.reportCommand->parsed()) {
+        return RunReport(arguments.report, workplace);
+    }
+    if (arguments.shortReportCommand->parsed()) {
+        return RunShortReport(arguments.shortReport, workplace);
     }
     return arguments.listCommand->parsed() ? RunList(arguments.list, workplace)
                                            : RunCalculate(arguments.calculate, workplace);

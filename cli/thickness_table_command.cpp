@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "application/table_report.h"
 #include "cli/commands.h"
 #include "cli/findings_output.h"
 #include "cli/thickness_table_output.h"
@@ -16,7 +17,7 @@ void PrintJson(const nlohmann::json& object) {
     std::cout << object.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
 }
 
-int PrintDimensions(CApplication& application, Format format) {
+int PrintDimensions(CApplication& application, const ThicknessTableOptions& options) {
     const Job& job = application.CurrentJob();
     const auto* const shape = FindByName(application.SurfaceGeometries(), job[Field::SurfaceGeometry]);
     if (shape == nullptr || !geometry::IsCylinder(shape->ID)) {
@@ -25,9 +26,12 @@ int PrintDimensions(CApplication& application, Format format) {
     }
     const Units units = job.UnitsInForce();
     const auto sizes = CoveringTable(application.Records(), shape->ID, units);
-    if (format == Format::json) {
+    if (!options.file.empty()) {
+        return ExportCoverings(application, sizes, options.file) ? exitDone : exitMisused;
+    }
+    if (options.format == Format::json) {
         PrintJson(ToJson(sizes, units));
-    } else if (format == Format::csv) {
+    } else if (options.format == Format::csv) {
         PrintCoveringsCsv(sizes, units, std::cout);
     } else {
         PrintCoverings(sizes, units, std::cout);
@@ -55,13 +59,17 @@ int RunThicknessTable(const ThicknessTableOptions& options, Workplace& workplace
     }
     CApplication& application = workplace.application;
     if (options.dimensions) {
-        return PrintDimensions(application, options.format);
+        return PrintDimensions(application, options);
     }
     const ThicknessTable table = MakeThicknessTable(application.CurrentJob(), application.Records());
-    if (!table.done || options.format != Format::table) {
+    if (!table.done || !options.file.empty() || options.format != Format::table) {
         Complain(table.findings); // the printed table has them below it
     }
-    Print(table, options.format);
+    if (options.file.empty()) {
+        Print(table, options.format);
+    } else if (table.done && !ExportThicknessTable(application, table, options.file)) {
+        return exitMisused;
+    }
     return HasError(table.findings) || !table.done ? exitNotComputed : exitDone;
 }
 
