@@ -13,7 +13,7 @@ namespace kaloria::rtf {
 
 namespace {
 
-constexpr int halfGap = 70;   // between the text of two columns [twip]
+constexpr int indent = 70;    // of the text of a cell from both its edges [twip]
 constexpr int ruleWidth = 10; // [twip]
 
 std::string_view WordOf(Alignment alignment) {
@@ -91,10 +91,10 @@ Markup TableBuilder::Build() const {
 }
 
 void TableBuilder::BeginRow(bool isHeading) {
-    fmt::format_to(std::back_inserter(rows_), "\\trowd\\trgaph{}\\trleft{}\\trkeep{}", halfGap, left_,
+    // Readers differ in where a gap around the text leaves the edge of a row, so there is none: the
+    // paragraphs are indented.
+    fmt::format_to(std::back_inserter(rows_), "\\trowd\\trgaph0\\trleft{}\\trkeep{}\n", left_,
                    isHeading ? "\\trhdr" : "");
-    // The gap on both sides of a cell for readers that do not know \trgaph.
-    fmt::format_to(std::back_inserter(rows_), "\\trpaddl{0}\\trpaddr{0}\\trpaddfl3\\trpaddfr3\n", halfGap);
 }
 
 void TableBuilder::AddCellEdge(const RowLook& look, int right) {
@@ -115,8 +115,9 @@ void TableBuilder::AddCellEdge(const RowLook& look, int right) {
 }
 
 void TableBuilder::AddCellText(std::string_view text, Alignment alignment, const RowLook& look) {
-    fmt::format_to(std::back_inserter(rows_), "\\pard\\intbl{}{}{{{}{}}}\\cell\n", WordOf(alignment),
-                   look.staysWithNext ? "\\keepn" : "", look.isBold ? "\\b " : "\\b0 ", EscapedText(text));
+    fmt::format_to(std::back_inserter(rows_), "\\pard\\intbl\\li{0}\\ri{0}{1}{2}{{{3}{4}}}\\cell\n", indent,
+                   WordOf(alignment), look.staysWithNext ? "\\keepn" : "", look.isBold ? "\\b " : "\\b0 ",
+                   EscapedText(text));
 }
 
 } // namespace kaloria::rtf

@@ -47,7 +47,7 @@ struct RowLook {
 /// Builds a table of rows and cells. Font and size are those of the place that it is put in.
 class TableBuilder {
 public:
-    /// @param left  edge of the first column's text, from the margin [twip]
+    /// @param left  edge of the first column, from the margin; text stands a little inside [twip]
     explicit TableBuilder(std::vector<TableColumn> columns, int left = 0);
 
     /// A bold row that is repeated at the top of each page. Several make a heading of several lines; only the

@@ -154,7 +154,11 @@ bool TextScanner::TakeClose(Piece& piece) {
 }
 
 bool TextScanner::TakeWord(const Token& word, bool isStarred, Piece& piece) {
-    const WordMeaning meaning = MeaningOf(word.name);
+    WordMeaning meaning = MeaningOf(word.name);
+    if (meaning.role == WordRole::border && isOfRow_) {
+        meaning.role = WordRole::rowFormat;
+    }
+    isOfRow_ = meaning.role == WordRole::rowFormat;
     const bool isOn = !word.hasValue || word.value != 0;
     switch (meaning.role) {
     case WordRole::story:

@@ -90,6 +90,7 @@ private:
     std::vector<bool> storyHasText_; ///< of the paragraph that each open story is in
     std::size_t bareWordEnd_ = 0;
     bool isStarred_ = false; ///< the token before was \*
+    bool isOfRow_ = false;   ///< the word before was a format of a row
 };
 
 } // namespace kaloria::rtf

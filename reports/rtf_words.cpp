@@ -104,9 +104,6 @@ constexpr Word words[] = {
     {"tcn", {WordRole::hiddenGroup}},
     {"template", {WordRole::hiddenGroup}},
     {"title", {WordRole::hiddenGroup}},
-    {"trgaph", {WordRole::rowFormat}},
-    {"trleft", {WordRole::rowFormat}},
-    {"trowd", {WordRole::rowFormat}},
     {"ts", {WordRole::rowFormat}},
     {"txe", {WordRole::hiddenGroup}},
     {"u", {WordRole::unicode}},
@@ -133,6 +130,28 @@ constexpr std::array<std::size_t, letterCount + 1> Starts() {
 }
 constexpr auto starts = Starts();
 
+/// The many formats of rows and cells. \trackmoves and its like are the document's.
+bool IsOfRow(std::string_view word) {
+    return word.starts_with("cl") || word.starts_with("tbl") ||
+           (word.starts_with("tr") && !word.starts_with("trac"));
+}
+
+/// How a border looks, which follows the word that says whose it is: \clbrdrb\brdrs\brdrw10.
+bool IsOfBorder(std::string_view word) {
+    static constexpr std::string_view ofParagraph[] = {"brdrt", "brdrb",   "brdrl",
+                                                       "brdrr", "brdrbtw", "brdrbar"};
+    return word.starts_with("brdr") &&
+           std::find(std::begin(ofParagraph), std::end(ofParagraph), word) == std::end(ofParagraph);
+}
+
+/// Of a word that is not in the table.
+WordMeaning MeaningByName(std::string_view word) {
+    if (IsOfRow(word)) {
+        return {WordRole::rowFormat};
+    }
+    return {IsOfBorder(word) ? WordRole::border : WordRole::unknown};
+}
+
 } // namespace
 
 WordMeaning MeaningOf(std::string_view word) {
@@ -143,7 +162,7 @@ WordMeaning MeaningOf(std::string_view word) {
     const auto* const end = std::begin(words) + starts[letter + 1];
     const auto* const found = std::find_if(std::begin(words) + starts[letter], end,
                                            [&](const Word& known) { return known.name == word; });
-    return found == end ? WordMeaning{} : found->meaning;
+    return found == end ? MeaningByName(word) : found->meaning;
 }
 
 } // namespace kaloria::rtf

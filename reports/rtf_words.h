@@ -17,7 +17,8 @@ enum class WordRole {
     cellEnd,
     nestedCellEnd,
     rowEnd,
-    rowFormat,   ///< says that a row is there, and where its cells are
+    rowFormat,   ///< says that a row is there, where its cells are and how they look
+    border,      ///< how the border named before looks
     story,       ///< its group is a text of its own
     hiddenGroup, ///< its group is not shown as text; without \* too
     objectGroup, ///< the same, but it is shown in another way

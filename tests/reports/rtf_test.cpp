@@ -153,6 +153,11 @@ TEST(Rtf, RemovesOptionalParagraphsAndRows) {
         {"row definition repeated before its end",
          row + "l\\cell{<A/>}\\cell{\\trowd\\irow1\\cellx9\\row}\\pard b\\par", 1,
          "\\pard\\intbl {}{}\\pard b\\par"},
+        {"with the looks of the row, not of a paragraph",
+         "\\pard\\brdrb\\brdrs a\\par\\trowd\\trkeep\\clbrdrb\\brdrs\\brdrw9\\cellx9\\pard\\intbl "
+         "<A/>\\cell\\row"
+         "\\pard b\\par",
+         1, "\\pard\\brdrb\\brdrs a\\par\\pard\\intbl \\pard b\\par"},
         {"one of a cell's paragraphs", row + "a\\par <A/>\\par b\\cell\\row", 1, row + "a\\par b\\cell\\row"},
         {"the last of a cell's paragraphs", row + "a\\par <A/>\\cell\\row", 1, row + "a\\cell\\row"},
         {"all of a cell's paragraphs", row + "a\\cell <A/>\\par <A/>\\cell\\row b", 2, "\\pard\\intbl b"},
@@ -181,7 +186,7 @@ TEST(Rtf, BuildsTables) {
     EXPECT_EQ(CountOf(rtf, "\\trhdr"), 2U) << "one heading in each";
     EXPECT_EQ(CountOf(rtf, "\\cellx2100\n"), 4U) << "not in the row over all columns";
     EXPECT_EQ(CountOf(rtf, "\\cellx3100\n"), 6U);
-    EXPECT_THAT(rtf, HasSubstr("\\pard\\intbl\\qr\\keepn{\\b mm}\\cell"));
+    EXPECT_THAT(rtf, HasSubstr("\\pard\\intbl\\li70\\ri70\\qr\\keepn{\\b mm}\\cell"));
     EXPECT_THAT(rtf, HasSubstr("\\clbrdrt\\brdrs\\brdrw10\\clshdng1000\\cellx3100"));
     EXPECT_NO_THROW(Document(std::string(rtf)));
 
