@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/viewer/document_writer.h"
+
+#include <QTextTable>
+#include <QUrl>
+
+#include <algorithm>
+#include <utility>
+
+namespace kaloria::viewer {
+
+DocumentWriter::DocumentWriter(const RichText& text, const BuildOptions& options, QTextDocument& document)
+    : text_(text), options_(options), document_(document), formats_(text, options) {}
+
+QTextBlockFormat DocumentWriter::Following(QTextBlockFormat format) {
+    // Documents of Qt take the larger of two margins that meet, word processors their sum.
+    const double before = std::exchange(spaceBefore_, format.bottomMargin());
+    if (format.topMargin() > 0) {
+        format.setTopMargin(format.topMargin() + before);
+    }
+    return format;
+}
+
+void DocumentWriter::WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section,
+                                bool isFirst) {
+    const QTextBlockFormat format = Following(formats_.Of(paragraph.look, formats_.InsetOf(section)));
+    const QTextCharFormat look = formats_.Of(paragraph.endLook);
+    // The empty block behind a table has no height, so that an empty paragraph needs one of its own.
+    if (isBlockFree_ && (isFirst || !paragraph.runs.empty())) {
+        cursor.setBlockFormat(format);
+        cursor.setBlockCharFormat(look);
+    } else {
+        cursor.insertBlock(format, look);
+    }
+    isBlockFree_ = false;
+    WriteRuns(cursor, paragraph, text_.sections.at(section).TextWidth());
+}
+
+void DocumentWriter::WriteSeparator(QTextCursor& cursor, const Paragraph& paragraph,
+                                    std::size_t nextSection) {
+    QTextBlockFormat format;
+    format.setProperty(separatorProperty, true);
+    format.setProperty(sectionProperty, static_cast<int>(nextSection));
+    QTextCharFormat look;
+    look.setFontPointSize(6 * options_.scale);
+    look.setForeground(Qt::transparent);
+    if (std::exchange(isBlockFree_, false)) {
+        cursor.setBlockFormat(format);
+        cursor.setBlockCharFormat(look);
+    } else {
+        cursor.insertBlock(format, look);
+    }
+    cursor.insertText(paragraph.Text(), look);
+    spaceBefore_ = 0;
+}
+
+void DocumentWriter::WriteRuns(QTextCursor& cursor, const Paragraph& paragraph, int width) {
+    for (const Run& run : paragraph.runs) {
+        if (run.picture >= 0) {
+            WritePicture(cursor, run, width);
+        } else {
+            cursor.insertText(run.field == Field::none ? run.text : options_.fieldText(run.field),
+                              formats_.Of(run.look));
+        }
+    }
+}
+
+void DocumentWriter::WritePicture(QTextCursor& cursor, const Run& run, int width) {
+    const Picture& picture = text_.pictures.at(static_cast<std::size_t>(run.picture));
+    const QUrl name(QStringLiteral("picture:%1").arg(run.picture));
+    if (pictures_.insert(run.picture).second) {
+        document_.addResource(QTextDocument::ImageResource, name, picture.image);
+    }
+    const double fit = std::min(1.0, static_cast<double>(std::max(width, 1)) / picture.width);
+    QTextImageFormat format;
+    format.setName(name.toString());
+    format.setWidth(formats_.Units(picture.width) * fit);
+    format.setHeight(formats_.Units(picture.height) * fit);
+    cursor.insertImage(format);
+}
+
+QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t section) {
+    QTextTableFormat format;
+    format.setBorder(0);
+    format.setBorderCollapse(true);
+    format.setCellSpacing(0);
+    format.setCellPadding(0);
+    const Row& first = *grid.Rows().front();
+    const Inset inset = formats_.InsetOf(section);
+    format.setLeftMargin(formats_.Units(inset.left + grid.Edges().front()));
+    if (first.alignment != Qt::AlignLeft) {
+        const int rest =
+            text_.sections.at(section).TextWidth() - (grid.Edges().back() - grid.Edges().front());
+        const int share = first.alignment == Qt::AlignRight ? 1 : 2;
+        format.setLeftMargin(formats_.Units(inset.left + std::max(0, rest / share)));
+    }
+    format.setTopMargin(std::exchange(spaceBefore_, 0));
+    if (first.breaksPage) {
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    }
+    QList<QTextLength> widths;
+    for (std::size_t i = 1; i < grid.Edges().size(); ++i) {
+        widths.append(
+            QTextLength(QTextLength::FixedLength, formats_.Units(grid.Edges()[i] - grid.Edges()[i - 1])));
+    }
+    format.setColumnWidthConstraints(widths);
+    const auto body =
+        std::find_if(grid.Rows().begin(), grid.Rows().end(), [](const Row* row) { return !row->isHeading; });
+    const auto headings = static_cast<int>(body - grid.Rows().begin());
+    format.setHeaderRowCount(body == grid.Rows().end() ? 0 : headings);
+    return format;
+}
+
+void DocumentWriter::WriteTable(QTextCursor& cursor, const TableGrid& grid, std::size_t section) {
+    QTextTable* const table =
+        cursor.insertTable(static_cast<int>(grid.Rows().size()), static_cast<int>(grid.Edges().size()) - 1,
+                           TableFormat(grid, section));
+    for (const TableGrid::Place& place : grid.Places()) {
+        if (place.columns > 1 || place.rows > 1) {
+            table->mergeCells(static_cast<int>(place.row), static_cast<int>(place.column),
+                              static_cast<int>(place.rows), static_cast<int>(place.columns));
+        }
+        if (place.cell != nullptr) {
+            const int width = grid.Edges()[place.column + place.columns] - grid.Edges()[place.column];
+            WriteCell(*table, place, *grid.Rows()[place.row], width);
+        }
+    }
+    cursor = table->lastCursorPosition();
+    cursor.movePosition(QTextCursor::NextCharacter);
+    isBlockFree_ = true;
+    spaceBefore_ = 0;
+}
+
+void DocumentWriter::WriteCell(QTextTable& table, const TableGrid::Place& place, const Row& row, int width) {
+    QTextTableCell cell = table.cellAt(static_cast<int>(place.row), static_cast<int>(place.column));
+    cell.setFormat(formats_.Of(place.cell->look, row));
+    QTextCursor cursor = cell.firstCursorPosition();
+    spaceBefore_ = 0;
+    bool isFirst = true;
+    for (const Paragraph& paragraph : place.cell->paragraphs) {
+        const QTextBlockFormat format = Following(formats_.Of(paragraph.look, {}));
+        if (std::exchange(isFirst, false)) {
+            cursor.setBlockFormat(format);
+            cursor.setBlockCharFormat(formats_.Of(paragraph.endLook));
+        } else {
+            cursor.insertBlock(format, formats_.Of(paragraph.endLook));
+        }
+        WriteRuns(cursor, paragraph, width - row.padLeft - row.padRight);
+    }
+}
+
+} // namespace kaloria::viewer
