@@ -18,8 +18,8 @@ LEFT, RIGHT = 1356, 1190  # leave 9694 on letter, WIDTH on A4 paper (11906)
 TOP = BOTTOM = 1440      # leave 9 in on letter
 RAGGED = PAPER[0] - LEFT - RIGHT - WIDTH + GAP  # right indent of running text on letter
 
-INK, GRAY, RULE, ACCENT, TINT = 1, 2, 3, 4, 5
-COLORS = ("1f2a33", "66707a", "c9ced3", "b4481e", "f4f5f7")
+INK, GRAY, RULE, ACCENT = 1, 2, 3, 4
+COLORS = ("1f2a33", "66707a", "c9ced3", "b4481e")
 
 FONT = r"{\f0\fswiss\fprq2\fcharset0 Arial{\*\falt Liberation Sans};}"
 
@@ -29,9 +29,9 @@ STYLES = {
     "Report Title": (1, r"\sb40\sa60\keepn", rf"\f0\fs36\b\cf{INK}"),
     "Report Heading": (2, r"\sb280\sa80\keepn", rf"\f0\fs21\b\cf{INK}"),
     "Report Kicker": (3, r"\keepn", rf"\f0\fs17\b\cf{ACCENT}"),
-    "Report Label": (4, r"\sb36\sa36", rf"\f0\fs17\cf{GRAY}"),
-    "Report Value": (5, r"\sb36\sa36", rf"\f0\fs18\cf{INK}"),
-    "Report Table": (6, "", rf"\f0\fs17\cf{INK}"),
+    "Report Label": (4, r"\sb30\sa30", rf"\f0\fs17\cf{GRAY}"),
+    "Report Value": (5, r"\sb30\sa30", rf"\f0\fs18\cf{INK}"),
+    "Report Table": (6, r"\sb8\sa8", rf"\f0\fs17\cf{INK}"),
     "Report Company": (7, "", rf"\f0\fs17\b\cf{INK}"),
     "Report Small": (8, "", rf"\f0\fs15\cf{GRAY}"),
 }
@@ -95,8 +95,8 @@ def running_text(text):
 
 
 def block(tag):
-    """The place of a table: the paragraph left behind it takes up next to nothing."""
-    return begin("Report Table", r"\sl-20\slmult0") + "{" + tag + r"}{\fs2\par}"
+    """The place of a table: the empty paragraph left behind it takes up next to nothing."""
+    return begin("Report Table", rf"\li{GAP}") + "{" + tag + r"}{\fs2\par}"
 
 
 def lines(tag, style="Report Value"):
@@ -118,22 +118,23 @@ def cell(text, style, extra=""):
     return in_cell(style, extra) + text + r"\cell"
 
 
-def row(widths, cells, rules="b", row_format="", color=RULE):
+def row(widths, cells, rules="b", row_format="", color=RULE, align=""):
     """One row; cells are what cell() gives.
 
     rules: sides of every cell with a hairline.
+    align: how the text of the cells stands, when not at the top.
     """
     out = [rf"\trowd\trgaph0\trleft0\trkeep{row_format}"]
     right = 0
     for width in widths:
         right += width
-        edges = "".join(rf"\clbrdr{side}\brdrs\brdrw10\brdrcf{color}" for side in rules)
+        edges = align + "".join(rf"\clbrdr{side}\brdrs\brdrw10\brdrcf{color}" for side in rules)
         out.append(rf"{edges}\cellx{right}")
     return "\n".join([*out, *cells, r"\row"])
 
 
 PAIR = (2980, WIDTH - 2980)
-PAIRS = (2420, 2440, 2500, 2000)
+PAIRS = (2500, 2400, 2500, 1960)
 
 
 def facts(*rows):
@@ -190,7 +191,7 @@ def estimate():
 
 def surface(what):
     return [
-        kicker(what, "Surface <SurfaceNumber/>, page <PageNumber/>"),
+        kicker(what, "Surface <SurfaceNumber/>, report page <PageNumber/>"),
         title("<SurfaceGeometry/>"),
         lines("<PipeSize/>"),
         *estimate(),
@@ -360,10 +361,11 @@ def disclaimer():
 
 
 def short_report():
-    layers = [lines(f"<InsulationLayer{n}/>") for n in range(1, 6)]
+    tags = [*(f"<InsulationLayer{n}/>" for n in range(1, 6)), "<Efficiency/>", "<HoursPerYear/>"]
     design = row(PAIR, [
         cell("<CondensationControlThicknessLabel/>", "Report Value", r"\sb80\sa80"),
-        cell(r"{\fs24\b <CondensationControlThickness/>}", "Report Value", r"\sb80\sa80")], "tb", color=INK)
+        cell(r"{\fs24\b <CondensationControlThickness/>}", "Report Value", r"\sb80\sa80")], "tb", color=INK,
+                 align=r"\clvertalb")
     return document(
         "Short report",
         kicker("<CalculationType/>", "<SystemUnits/> units"),
@@ -382,9 +384,7 @@ def short_report():
             ("<DewPointLabel/>", "<DewPoint/>"),
         ),
         space(120),
-        *layers,
-        lines("<Efficiency/>"),
-        lines("<HoursPerYear/>"),
+        *(lines(tag, "Report Table") for tag in tags),
         heading("Results"),
         lines("<UpperHeader/>", "Report Table"),
         lines("<LowerHeader/>", "Report Table"),
