@@ -7,7 +7,7 @@ BUILD_PACKAGES=(
     g++ cmake ninja-build ccache
     libpugixml-dev libfmt-dev nlohmann-json3-dev libcli11-dev libxlsxwriter-dev
     qt6-base-dev
-    libgtest-dev libgmock-dev libbenchmark-dev
+    libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev
 )
 
 # In addition for scripts/check. Names without a version: whatever clang the distribution takes as its own.
