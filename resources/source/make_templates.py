@@ -29,7 +29,7 @@ STYLES = {
     "Report Title": (1, r"\sb40\sa60\keepn", rf"\f0\fs36\b\cf{INK}"),
     "Report Heading": (2, r"\sb280\sa80\keepn", rf"\f0\fs21\b\cf{INK}"),
     "Report Kicker": (3, r"\keepn", rf"\f0\fs17\b\cf{ACCENT}"),
-    "Report Label": (4, r"\sb30\sa30", rf"\f0\fs17\cf{GRAY}"),
+    "Report Label": (4, r"\sb39\sa30", rf"\f0\fs17\cf{GRAY}"),
     "Report Value": (5, r"\sb30\sa30", rf"\f0\fs18\cf{INK}"),
     "Report Table": (6, r"\sb8\sa8", rf"\f0\fs17\cf{INK}"),
     "Report Company": (7, "", rf"\f0\fs17\b\cf{INK}"),
