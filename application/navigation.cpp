@@ -15,42 +15,42 @@ namespace {
 
 // Access keys keep clear of those of the menu bar (F, E, U, H) and of Next and Back.
 constexpr MenuItem jobItems[] = {
-    {"User information", "User &information", "menu-user", Panel::userInformation},
-    {"Open...", "&Open...", "menu-open", Panel::none, MenuAction::openJob},
-    {"Save...", "Sa&ve...", "menu-save", Panel::none, MenuAction::saveJob},
+    {"User information", "User &information", "userinfo", Panel::userInformation},
+    {"Open...", "&Open...", "open", Panel::none, MenuAction::openJob},
+    {"Save...", "Sa&ve...", "save", Panel::none, MenuAction::saveJob},
 };
 constexpr MenuItem heatFlowItems[] = {
-    {"Surface", "&Surface", "menu-surface", Panel::surface},
-    {"Insulation", "&Insulation", "menu-insulation", Panel::insulation},
-    {"Fuel", "Fue&l", "menu-fuel", Panel::fuel},
-    {"Results", "&Results", "menu-results", Panel::results},
+    {"Surface", "&Surface", "surface", Panel::surface},
+    {"Insulation", "&Insulation", "insulation", Panel::insulation},
+    {"Fuel", "Fue&l", "fuel", Panel::fuel},
+    {"Results", "&Results", "results", Panel::results},
 };
 constexpr MenuItem economyItems[] = {
-    {"Project", "Pro&ject", "menu-project", Panel::project},
-    {"Economics", "Econ&omics", "menu-economics", Panel::economics},
-    {"Installed cost", "&Installed cost", "menu-installed-cost", Panel::installedCost},
-    {"Report", "&Report", "menu-report", Panel::report},
+    {"Project", "Pro&ject", "project", Panel::project},
+    {"Economics", "Econ&omics", "economics", Panel::economics},
+    {"Installed cost", "&Installed cost", "installedcost", Panel::installedCost},
+    {"Report", "&Report", "report", Panel::report},
 };
 constexpr MenuItem materialItems[] = {
-    {"Insulations", "&Insulations", "menu-insulations", Panel::insulations},
-    {"Base metals", "Base &metals", "menu-base-metals", Panel::baseMetals},
-    {"Jackets", "Jac&kets", "menu-jackets", Panel::jackets},
-    {"Fuels", "Fue&ls", "menu-fuels", Panel::fuels},
+    {"Insulations", "&Insulations", "insulations", Panel::insulations},
+    {"Base metals", "Base &metals", "basemetals", Panel::baseMetals},
+    {"Jackets", "Jac&kets", "jackets", Panel::jackets},
+    {"Fuels", "Fue&ls", "fuels", Panel::fuels},
 };
 constexpr MenuItem helpItems[] = {
-    {"Guide", "&Guide", "menu-guide", Panel::guide},
-    {"About", "&About", "menu-about", Panel::about},
+    {"Guide", "&Guide", "guide", Panel::guide},
+    {"About", "&About", "about", Panel::about},
 };
 
 // The access keys of the categories are digits, which no item and no menu of the menu bar takes.
 constexpr MenuCategory categories[] = {
-    {"Job", "&1 Job", "category-job", FinishAction::none, jobItems},
-    {"Heat flow", "&2 Heat flow", "category-heat-flow", FinishAction::calculate, heatFlowItems},
-    {"Cost of energy", "&3 Cost of energy", "category-cost", FinishAction::report, economyItems},
-    {"Pollutant reduction", "&4 Pollutant reduction", "category-pollutants", FinishAction::report,
+    {"Job", "&1 Job", "job", FinishAction::none, jobItems},
+    {"Heat flow", "&2 Heat flow", "heatflow", FinishAction::calculate, heatFlowItems},
+    {"Cost of energy", "&3 Cost of energy", "cost", FinishAction::report, economyItems},
+    {"Pollutants", "&4 Pollutants", "pollutants", FinishAction::report,
      economyItems},
-    {"Materials", "&5 Materials", "category-materials", FinishAction::none, materialItems},
-    {"Help", "&6 Help", "category-help", FinishAction::none, helpItems},
+    {"Materials", "&5 Materials", "materials", FinishAction::none, materialItems},
+    {"Help", "&6 Help", "help", FinishAction::none, helpItems},
 };
 
 constexpr int startCategory = 1;

@@ -2,6 +2,8 @@
 #include "application/units_memory.h"
 
 #include "application/units_switch.h"
+#include "application/visible_fields.h"
+#include "engine/surface_geometry.h"
 
 #include <algorithm>
 #include <string>
@@ -14,8 +16,13 @@ namespace {
 class Restorer {
 public:
     /// @param edited  the job as it was before it was converted back
-    Restorer(const Job& before, const Job& after, const Job& edited)
-        : before_(before), after_(after), edited_(edited), sameGeometry_(Unchanged(Field::SurfaceGeometry)) {}
+    Restorer(const Job& before, const Job& after, const Job& edited, const Catalogue& catalogue)
+        : before_(before),
+          after_(after),
+          edited_(edited),
+          sameSizes_(ListOf(after, catalogue) == ListOf(edited, catalogue)),
+          sameSeries_(geometry::IsCylinder(GeometryCodeOf(after, catalogue)) ==
+                      geometry::IsCylinder(GeometryCodeOf(edited, catalogue))) {}
 
     void Restore(Job& job) const {
         for (const JobField& field : JobFields()) {
@@ -25,7 +32,7 @@ public:
                 job[field.id] = before_[field.id];
             }
         }
-        if (sameGeometry_) {
+        if (sameSeries_) {
             RestoreLayers(job);
         }
     }
@@ -33,9 +40,14 @@ public:
 private:
     [[nodiscard]] bool Unchanged(Field field) const { return edited_[field] == after_[field]; }
 
+    /// Which list of sizes converts the job's size: 1 pipes, 2 tubes.
+    static int ListOf(const Job& job, const Catalogue& catalogue) {
+        return geometry::IsTube(GeometryCodeOf(job, catalogue)) ? 2 : 1;
+    }
+
     [[nodiscard]] bool SameConversion(const JobField& field) const {
         if (field.choice == FieldChoice::size) {
-            return sameGeometry_;
+            return sameSizes_;
         }
         if (field.quantity == Quantity::fuelCost || field.quantity == Quantity::heatContent) {
             return Unchanged(field.group == FieldGroup::fuel ? Field::Fuel : Field::ReportFuel);
@@ -64,7 +76,8 @@ private:
     const Job& before_;
     const Job& after_;
     const Job& edited_;
-    bool sameGeometry_;
+    bool sameSizes_;
+    bool sameSeries_; // of nominal thicknesses
 };
 
 } // namespace
@@ -76,7 +89,7 @@ void UnitsMemory::Switch(Job& job, const Catalogue& catalogue, Units units) {
     const Job edited = job;
     UnitsChange(job, catalogue, units, SwitchPrecision::display);
     if (last_ && last_->before.UnitsInForce() == units) {
-        Restorer(last_->before, last_->after, edited).Restore(job);
+        Restorer(last_->before, last_->after, edited, catalogue).Restore(job);
     }
     last_.emplace(Conversion{edited, job});
 }

@@ -12,7 +12,7 @@ namespace kaloria {
 /// very text that it was converted from.
 ///
 /// Texts are restored only where nothing that decides a conversion has changed: fuel figures while the fuel
-/// is the same, sizes and thicknesses while the geometry is.
+/// is the same, sizes and thicknesses while the kind of geometry is.
 class UnitsMemory {
 public:
     /// Converts @p job to @p units in its display formats, see UnitsChange.

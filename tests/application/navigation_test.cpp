@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <filesystem>
 #include <set>
 
 namespace kaloria {
@@ -22,11 +23,22 @@ std::string WithoutMark(std::string_view mnemonic) {
     return text;
 }
 
-TEST(Navigation, EveryItemHasAHeaderTextAnImageAndAnAccessKeyOfItsOwn) {
+void ExpectPictures(std::string_view image) {
+    for (const char* const folder : {"", "dark/"}) {
+        for (const char* const state : {"on.gif", "off.gif"}) {
+            const auto file =
+                std::string(KALORIA_RESOURCES_DIR "/images/") + folder + std::string(image) + state;
+            EXPECT_TRUE(std::filesystem::is_regular_file(file)) << file;
+        }
+    }
+}
+
+TEST(Navigation, EveryItemHasAHeaderTextPicturesAndAnAccessKeyOfItsOwn) {
     const Catalogue catalogue = test::ShippedCatalogue();
     ASSERT_EQ(MenuCategories().size(), std::size_t{HeaderTexts::categories});
     for (int category = 0; CategoryAt(category) != nullptr; ++category) {
         const auto items = CategoryAt(category)->items;
+        ExpectPictures(CategoryAt(category)->image);
         ASSERT_TRUE(!items.empty() && items.size() <= 4) << "imgMenu0 to imgMenu3";
         std::set<char> keys{'F', 'E', 'U', 'H', 'N', 'B'}; // of the menu bar, Next and Back
         std::set<std::string_view> images;
@@ -37,7 +49,8 @@ TEST(Navigation, EveryItemHasAHeaderTextAnImageAndAnAccessKeyOfItsOwn) {
             if (item != nullptr) {
                 EXPECT_EQ(WithoutMark(item->mnemonic), item->title);
                 EXPECT_TRUE(keys.insert(AccessKey(item->mnemonic)).second) << item->mnemonic;
-                EXPECT_TRUE(images.insert(item->image).second && !item->image.empty());
+                EXPECT_TRUE(images.insert(item->image).second);
+                ExpectPictures(item->image);
                 EXPECT_NE(item->panel == Panel::none, item->action == MenuAction::none);
             }
         }

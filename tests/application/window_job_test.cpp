@@ -240,7 +240,7 @@ TEST_F(WindowJob, UnitsAndBackReturnTheVeryTexts) {
     for (const auto& [field, text] : odd) {
         Set(field, text);
     }
-    job.layers.push_back({job.layers[0].material, "2", "Fix", "1.77"});
+    job.layers.push_back({job.layers[0].material, "2", "Fix", "1.7749"});
     const Job typed = job;
 
     memory.Switch(job, catalogue, Units::si);
@@ -254,7 +254,7 @@ TEST_F(WindowJob, UnitsAndBackReturnTheVeryTexts) {
                 EXPECT_EQ(job[field.id], typed[field.id]) << field.element;
             }
         }
-        EXPECT_EQ(job.layers[1].thickness, "1.77");
+        EXPECT_EQ(job.layers[1].thickness, "1.7749");
         memory.Switch(job, catalogue, Units::si);
         EXPECT_EQ(job[Field::WindSpeed], metric[Field::WindSpeed]);
     }
@@ -264,14 +264,19 @@ TEST_F(WindowJob, UnitsAndBackReturnTheVeryTexts) {
     ChooseFuel(job, catalogue, Field::Fuel, "Propane");
     Set(Field::FuelCost, metric[Field::FuelCost]); // by chance the same figure, now $/l
     std::swap(job.layers[0], job.layers[1]);
+    Set(Field::SurfaceGeometry, "Vertical Pipe"); // the same sizes and thicknesses
     memory.Switch(job, catalogue, Units::english);
     EXPECT_EQ(job[Field::ProcessTemp], "212.0");
     EXPECT_NE(job[Field::FuelCost], "4.5300");
     EXPECT_EQ(job[Field::AmbientTemp], "+75.00");
-    EXPECT_EQ(job.layers[0].thickness, "1.77");
+    EXPECT_EQ(job.layers[0].thickness, "1.7749");
 
     memory.Switch(job, catalogue, Units::si);
     EXPECT_EQ(job[Field::ProcessTemp], "100");
+    Set(Field::SurfaceGeometry, "Vertical Flat"); // a measure now, no nominal thickness
+    memory.Switch(job, catalogue, Units::english);
+    EXPECT_EQ(job.layers[0].thickness, "1.78"); // 45.1 mm / 25.4
+    memory.Switch(job, catalogue, Units::si);
     memory.Forget();
     memory.Switch(job, catalogue, Units::english);
     EXPECT_EQ(job[Field::AmbientTemp], "75.0");
