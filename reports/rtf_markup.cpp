@@ -15,6 +15,8 @@ namespace {
 
 constexpr int indent = 70;    // of the text of a cell from both its edges [twip]
 constexpr int ruleWidth = 10; // [twip]
+constexpr int fromRule = 30;  // of the text of a cell, above and below [twip]
+constexpr int leading = 12;   // below a cell without a rule [twip]
 
 std::string_view WordOf(Alignment alignment) {
     switch (alignment) {
@@ -115,9 +117,10 @@ void TableBuilder::AddCellEdge(const RowLook& look, int right) {
 }
 
 void TableBuilder::AddCellText(std::string_view text, Alignment alignment, const RowLook& look) {
-    fmt::format_to(std::back_inserter(rows_), "\\pard\\intbl\\li{0}\\ri{0}{1}{2}{{{3}{4}}}\\cell\n", indent,
-                   WordOf(alignment), look.staysWithNext ? "\\keepn" : "", look.isBold ? "\\b " : "\\b0 ",
-                   EscapedText(text));
+    fmt::format_to(
+        std::back_inserter(rows_), "\\pard\\intbl\\li{0}\\ri{0}\\sb{1}\\sa{2}{3}{4}{{{5}{6}}}\\cell\n",
+        indent, look.hasRuleAbove ? fromRule : 0, look.hasRuleBelow ? fromRule : leading, WordOf(alignment),
+        look.staysWithNext ? "\\keepn" : "", look.isBold ? "\\b " : "\\b0 ", EscapedText(text));
 }
 
 } // namespace kaloria::rtf

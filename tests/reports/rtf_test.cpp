@@ -186,7 +186,7 @@ TEST(Rtf, BuildsTables) {
     EXPECT_EQ(CountOf(rtf, "\\trhdr"), 2U) << "one heading in each";
     EXPECT_EQ(CountOf(rtf, "\\cellx2100\n"), 4U) << "not in the row over all columns";
     EXPECT_EQ(CountOf(rtf, "\\cellx3100\n"), 6U);
-    EXPECT_THAT(rtf, HasSubstr("\\pard\\intbl\\li70\\ri70\\qr\\keepn{\\b mm}\\cell"));
+    EXPECT_THAT(rtf, HasSubstr("\\pard\\intbl\\li70\\ri70\\sb0\\sa30\\qr\\keepn{\\b mm}\\cell"));
     EXPECT_THAT(rtf, HasSubstr("\\clbrdrt\\brdrs\\brdrw10\\clshdng1000\\cellx3100"));
     EXPECT_NO_THROW(Document(std::string(rtf)));
 
