@@ -11,6 +11,9 @@
 
 #include <optional>
 
+/// Pictures of a static library have to be asked for, and outside of any namespace.
+static void LoadChevrons() { Q_INIT_RESOURCE(chevrons); }
+
 namespace kaloria::theme {
 
 namespace {
@@ -117,7 +120,8 @@ QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus, QSpinBox:focus { border:
 QLineEdit:read-only { background: {background}; }
 QLineEdit:disabled, QComboBox:disabled { background: {background}; color: {quiet}; }
 QLineEdit[wrong="true"], QComboBox[wrong="true"] { border: 1px solid {wrong}; background: {wrongGround}; }
-QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::drop-down { border: none; width: 20px; }
+QComboBox::down-arrow { image: url(:/chevrons/down-{scheme}.png); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { background: {panel}; color: {text}; border: 1px solid {line}; outline: none;
     selection-background-color: {accentSoft}; selection-color: {text}; }
 
@@ -135,7 +139,7 @@ QPushButton[role="link"]:focus { border: 1px solid {second}; }
 QTableView, QTableWidget, QTreeView, QListView { background: {panel}; color: {text}; border: none; gridline-color: {line};
     selection-background-color: {accentSoft}; selection-color: {text}; outline: none; }
 QHeaderView { background: {panel}; border: none; }
-QHeaderView::section { background: {panel}; color: {text}; border: none; border-bottom: 1px solid {line}; padding: 4px 8px; font-weight: 600; }
+QHeaderView::section { background: {panel}; color: {text}; border: none; border-bottom: 1px solid {line}; padding: 4px 7px; font-weight: 600; }
 QTableCornerButton::section { background: {panel}; border: none; }
 
 QScrollArea { border: none; background: transparent; }
@@ -174,10 +178,13 @@ QString SheetOf(const Colors& c) {
     for (const auto& [name, color] : names) {
         text.replace(QStringLiteral("{%1}").arg(QLatin1String(name)), color.name());
     }
+    text.replace(QStringLiteral("{scheme}"),
+                 scheme == Scheme::dark ? QStringLiteral("dark") : QStringLiteral("light"));
     return text;
 }
 
 void Apply(Scheme wanted) {
+    LoadChevrons();
     scheme = wanted;
     QApplication::setPalette(PaletteOf(Current()));
     qApp->setStyleSheet(SheetOf(Current()));
@@ -230,6 +237,7 @@ QFont Scaled(double factor, QFont::Weight weight) {
 
 QFont FigureFont() { return Scaled(1.5, QFont::Bold); }
 QFont HeadingFont() { return Scaled(1.2, QFont::DemiBold); }
+QFont BoldFont() { return Scaled(1.0, QFont::DemiBold); }
 QFont CaptionFont() { return Scaled(0.88, QFont::Normal); }
 
 void SetRole(QWidget& widget, const char* role) {

@@ -49,7 +49,7 @@ void Force(Scheme scheme);
 
 // Spacing in device-independent pixels.
 inline constexpr int gap = 8;          ///< between a field and its neighbour
-inline constexpr int cardGap = 12;     ///< between cards
+inline constexpr int cardGap = 10;     ///< between cards
 inline constexpr int cardPadding = 14; ///< inside a card
 inline constexpr int pageMargin = 16;  ///< around the content of a window
 inline constexpr int labelWidth = 150; ///< of the column of labels
@@ -60,6 +60,8 @@ inline constexpr int cardRadius = 7;
 /// Larger type of the four figures, and of headings.
 [[nodiscard]] QFont FigureFont();
 [[nodiscard]] QFont HeadingFont();
+/// Of what stands out among its like.
+[[nodiscard]] QFont BoldFont();
 /// Smaller type of captions.
 [[nodiscard]] QFont CaptionFont();
 

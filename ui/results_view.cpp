@@ -1,0 +1,292 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/results_view.h"
+
+#include "application/grid_export.h"
+#include "application/headline.h"
+#include "ui/report_card.h"
+#include "ui/results_delegate.h"
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kaloria {
+
+namespace {
+
+constexpr int rowHeight = 23;
+
+const char* NoticeRole(Severity severity) {
+    switch (severity) {
+    case Severity::error:
+        return "noticeWrong";
+    case Severity::warning:
+        return "noticeCare";
+    case Severity::information:
+        break;
+    }
+    return "noticeInfo";
+}
+
+QString NoticeSign(Severity severity) {
+    switch (severity) {
+    case Severity::error:
+        return QStringLiteral("✗ ");
+    case Severity::warning:
+        return QStringLiteral("⚠ ");
+    case Severity::information:
+        break;
+    }
+    return QStringLiteral("ℹ ");
+}
+
+} // namespace
+
+ResultsView::ResultsView(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(theme::cardGap);
+    stale_ = new QLabel(this);
+    stale_->setObjectName(QStringLiteral("lblStale"));
+    stale_->setWordWrap(true);
+    theme::SetRole(*stale_, "noticeCare");
+    stale_->hide();
+    layout->addWidget(stale_);
+    layout->addWidget(BuildFigures());
+    fraPictures_ = new QWidget(this);
+    fraPictures_->setObjectName(QStringLiteral("fraPictures"));
+    pictures_ = new QHBoxLayout(fraPictures_);
+    pictures_->setContentsMargins(0, 0, 0, 0);
+    pictures_->setSpacing(theme::cardGap);
+    layout->addWidget(fraPictures_);
+    fraPictures_->hide();
+    layout->addWidget(BuildGrid());
+    notices_ = new QWidget(this);
+    notices_->setObjectName(QStringLiteral("fraFindings"));
+    auto* const notices = new QVBoxLayout(notices_);
+    notices->setContentsMargins(0, 0, 0, 0);
+    notices->setSpacing(6);
+    layout->addWidget(notices_);
+    report_ = new ReportCard(session_, this);
+    layout->addWidget(report_);
+    layout->addStretch(1);
+    connect(report_, &ReportCard::Appended, this, &ResultsView::Said);
+    connect(&session_, &Session::Calculated, this, &ResultsView::ShowResult);
+    connect(&session_, &Session::Stale, this, &ResultsView::ShowStale);
+    ShowStale();
+}
+
+QWidget* ResultsView::BuildFigures() {
+    auto* const row = new QWidget(this);
+    row->setObjectName(QStringLiteral("fraFigures"));
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(10);
+    for (FigureCard& figure : figures_) {
+        figure.card = new QWidget(row);
+        figure.card->setAttribute(Qt::WA_StyledBackground);
+        theme::SetRole(*figure.card, "card");
+        auto* const lines = new QVBoxLayout(figure.card);
+        lines->setContentsMargins(12, 8, 8, 8);
+        lines->setSpacing(2);
+        figure.caption = new QLabel(figure.card);
+        figure.caption->setFont(theme::CaptionFont());
+        figure.caption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        theme::SetRole(*figure.caption, "quiet");
+        figure.value = new QLabel(figure.card);
+        figure.value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        figure.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        figure.value->setTextFormat(Qt::RichText);
+        lines->addWidget(figure.caption);
+        lines->addWidget(figure.value);
+        layout->addWidget(figure.card, 1);
+    }
+    return row;
+}
+
+QWidget* ResultsView::BuildGrid() {
+    auto* const card = new QWidget(this);
+    card->setAttribute(Qt::WA_StyledBackground);
+    theme::SetRole(*card, "card");
+    auto* const layout = new QVBoxLayout(card);
+    layout->setContentsMargins(6, 6, 6, 6);
+    grid_ = new QTableView(card);
+    grid_->setObjectName(QStringLiteral("flxResults"));
+    grid_->setAccessibleName(tr("Results"));
+    grid_->setModel(&model_);
+    grid_->setItemDelegate(new ResultsDelegate(grid_));
+    grid_->setHorizontalHeader(new TwoLineHeader(grid_));
+    grid_->verticalHeader()->hide();
+    grid_->verticalHeader()->setDefaultSectionSize(std::max(rowHeight, grid_->fontMetrics().height() + 7));
+    grid_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    grid_->setShowGrid(false);
+    grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    grid_->setTabKeyNavigation(false);
+    grid_->installEventFilter(this);
+    layout->addWidget(grid_);
+    connect(grid_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) {
+                if (current.isValid() && session_.IsCurrent()) {
+                    ShowFigures(current.row());
+                    Q_EMIT RowChosen(current.row());
+                }
+            });
+    return card;
+}
+
+void ResultsView::ShowResult() {
+    const CalculationResult& result = session_.Result();
+    if (!result.done) {
+        ShowStale();
+        return;
+    }
+    stale_->hide();
+    const int before = grid_->currentIndex().row();
+    const int designBefore = model_.DesignRow();
+    model_.SetStale(false);
+    model_.Show(result.grid);
+    grid_->setEnabled(true);
+    FitGrid();
+    const auto headline = HeadlineRow(result);
+    // A row that one has chosen stays chosen while one types; the design row goes with the answer.
+    const bool followsDesign = before < 0 || before == designBefore || before >= model_.rowCount();
+    if (followsDesign) {
+        grid_->clearSelection();
+        grid_->setCurrentIndex({});
+    }
+    ShowFigures(followsDesign ? static_cast<int>(headline.value_or(0)) : before);
+    report_->Refresh();
+    report_->show();
+    ShowNotices();
+    Q_EMIT RowChosen(followsDesign ? static_cast<int>(headline.value_or(0)) : before);
+}
+
+void ResultsView::ShowFigures(int row) {
+    const CalculationResult& result = session_.Result();
+    const bool isFresh = session_.IsCurrent() && result.done && row >= 0 && row < model_.rowCount();
+    const std::vector<HeadlineFigure> shown =
+        isFresh ? HeadlineFigures(result, static_cast<std::size_t>(row)) : std::vector<HeadlineFigure>();
+    for (std::size_t i = 0; i < figures_.size(); ++i) {
+        FigureCard& card = figures_.at(i);
+        const HeadlineFigure figure = i < shown.size() ? shown[i] : HeadlineFigure{};
+        const bool isMet = figure.goal == HeadlineFigure::Goal::met;
+        theme::SetRole(*card.card, isMet ? "metCard" : "card");
+        const QFont font = theme::FigureFont();
+        const QColor color = isMet ? theme::Current().met : theme::Current().text;
+        card.caption->setText(ToQt(figure.caption));
+        card.caption->setToolTip(ToQt(figure.caption));
+        card.value->setText(
+            i < shown.size()
+                ? QStringLiteral("<span style='font-size:%1pt; font-weight:700; color:%2'>%3</span>"
+                                 " <span style='font-size:%4pt; color:%5'>%6</span>")
+                      .arg(font.pointSizeF())
+                      .arg(color.name(), ToQt(figure.text).toHtmlEscaped())
+                      .arg(theme::CaptionFont().pointSizeF())
+                      .arg(theme::Current().quiet.name(), ToQt(figure.unit).toHtmlEscaped())
+                : QStringLiteral("<span style='font-size:%1pt; color:%2'>–</span>")
+                      .arg(font.pointSizeF())
+                      .arg(theme::Current().quiet.name()));
+        card.card->setAccessibleName(
+            QStringLiteral("%1: %2 %3").arg(ToQt(figure.caption), ToQt(figure.text), ToQt(figure.unit)));
+        card.card->setVisible(i < shown.size() || shown.empty());
+    }
+}
+
+void ResultsView::ShowStale() {
+    const CalculationResult& result = session_.Result();
+    QStringList reasons;
+    if (session_.IsCurrent() && !result.done) {
+        for (const Finding& finding : result.findings) {
+            if (finding.severity == Severity::error) {
+                reasons << ToQt(finding.text);
+            }
+        }
+    }
+    stale_->setText(!reasons.isEmpty() ? tr("✗ No answer: %1").arg(reasons.join(u' '))
+                    : model_.rowCount() > 0
+                        ? tr("⚠ Inputs have changed; Calculate brings the answer up to date.")
+                        : tr("ℹ Calculate fills this page."));
+    theme::SetRole(*stale_, reasons.isEmpty() ? "noticeCare" : "noticeWrong");
+    stale_->show();
+    model_.SetStale(true);
+    grid_->setEnabled(false);
+    ShowFigures(-1);
+    report_->setVisible(false);
+    ShowNotices();
+}
+
+void ResultsView::AddNotice(const char* role, const QString& text) {
+    auto* const notice = new QLabel(text, notices_);
+    notice->setWordWrap(true);
+    notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    theme::SetRole(*notice, role);
+    notices_->layout()->addWidget(notice);
+}
+
+void ResultsView::ShowNotices() {
+    while (QLayoutItem* const item = notices_->layout()->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    const CalculationResult& result = session_.Result();
+    if (!session_.IsCurrent() || !result.done) {
+        return;
+    }
+    bool isClean = true;
+    for (const Finding& finding : result.findings) {
+        AddNotice(NoticeRole(finding.severity), NoticeSign(finding.severity) + ToQt(finding.text));
+        isClean = isClean && finding.severity == Severity::information;
+    }
+    if (isClean && result.HasAnswer()) {
+        AddNotice("noticeMet", tr("✓ Checked: every row settled, every layer within its service range."));
+    }
+}
+
+void ResultsView::FitGrid() {
+    // The grid shows all of its rows; the page around it scrolls.
+    QHeaderView& header = *grid_->horizontalHeader();
+    header.setSectionResizeMode(QHeaderView::ResizeToContents);
+    header.setStretchLastSection(false);
+    int needed = 0;
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        needed += header.sectionSizeHint(column);
+    }
+    const bool fits = needed < grid_->viewport()->width();
+    header.setSectionResizeMode(fits ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+    const int bar = fits ? 0 : grid_->horizontalScrollBar()->sizeHint().height();
+    grid_->setFixedHeight(header.sizeHint().height() +
+                          model_.rowCount() * grid_->verticalHeader()->defaultSectionSize() + bar + 2);
+}
+
+void ResultsView::CopyGrid() const { QApplication::clipboard()->setText(ToQt(GridAsTabText(model_.Grid()))); }
+
+bool ResultsView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == grid_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        CopyGrid();
+        Q_EMIT Said(tr("Results copied"));
+        return true;
+    }
+    if (watched == grid_ && event->type() == QEvent::Resize &&
+        static_cast<QResizeEvent*>(event)->oldSize().width() !=
+            static_cast<QResizeEvent*>(event)->size().width()) {
+        FitGrid();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace kaloria

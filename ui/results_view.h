@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/results_model.h"
+#include "ui/session.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QHBoxLayout;
+class QLabel;
+class QTableView;
+class QVBoxLayout;
+
+namespace kaloria {
+
+class ReportCard;
+
+/// The answer: four figures, the place of the pictures, the grid `flxResults`, what needs care, and the
+/// report panel. While it does not belong to the inputs it is greyed, with the reason.
+class ResultsView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ResultsView(Session& session, QWidget* parent = nullptr);
+
+    /// Where pictures of the answer are put; hidden while empty.
+    [[nodiscard]] QHBoxLayout* Pictures() const { return pictures_; }
+    [[nodiscard]] QTableView* Grid() const { return grid_; }
+
+    void CopyGrid() const;
+
+Q_SIGNALS:
+    void RowChosen(int row);
+    void Said(const QString& message);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct FigureCard {
+        QWidget* card = nullptr;
+        QLabel* caption = nullptr;
+        QLabel* value = nullptr;
+    };
+
+    QWidget* BuildFigures();
+    QWidget* BuildGrid();
+    void ShowResult();
+    void ShowStale();
+    void ShowFigures(int row);
+    void ShowNotices();
+    void FitGrid();
+    void AddNotice(const char* role, const QString& text);
+
+    Session& session_;
+    ResultsModel model_;
+    std::array<FigureCard, 4> figures_;
+    QWidget* fraPictures_ = nullptr;
+    QHBoxLayout* pictures_ = nullptr;
+    QTableView* grid_ = nullptr;
+    QLabel* stale_ = nullptr;
+    QWidget* notices_ = nullptr;
+    ReportCard* report_ = nullptr;
+};
+
+} // namespace kaloria
