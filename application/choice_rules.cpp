@@ -56,8 +56,8 @@ std::string NearestSize(float nominal, const Catalogue& catalogue, std::int32_t 
                : SizeTexts(catalogue, code, units)[static_cast<std::size_t>(nearest - sizes.begin())];
 }
 
-/// Carries the size over to another list. A size behind a geometry that has none is a pipe's, for that is
-/// how the units switch carries it.
+/// Carries the size over to another list. A size that waits behind a geometry without one is a pipe's, or
+/// else a tube's.
 void CarrySize(Job& job, const Catalogue& catalogue, std::int32_t from, std::int32_t to,
                ChoiceOutcome& outcome) {
     if (!geometry::IsCylinder(to)) {
@@ -71,8 +71,8 @@ void CarrySize(Job& job, const Catalogue& catalogue, std::int32_t from, std::int
         return;
     }
     auto nominal = NominalOf(old, catalogue, listed, units);
-    if (!nominal) {
-        nominal = NominalOf(old, catalogue, to, units); // left from a tube before
+    if (!nominal && !geometry::IsCylinder(from)) {
+        nominal = NominalOf(old, catalogue, geometry::horizontalTube, units);
     }
     if (!nominal) {
         return; // a text that is in no list stays, to be marked

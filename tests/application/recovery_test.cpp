@@ -89,6 +89,13 @@ TEST_F(Recovery, RunningProgramsKeepTheirCopiesAndShareNoCrash) {
     second.Discard(found[0]);
     EXPECT_TRUE(fs::is_empty(folder));
 
+    // Process numbers come again; the copy of a run before is not overwritten.
+    const auto earlier = folder / (std::to_string(::getpid()) + "-1.copy");
+    test::Spill(earlier, "of a run before");
+    ASSERT_TRUE(first.Write(Job(), catalogue, {}, true));
+    EXPECT_EQ(test::Slurp(earlier), "of a run before");
+    EXPECT_EQ(second.Abandoned().size(), 1U);
+
     RecoveryStore nowhere("/proc/no/such/folder");
     EXPECT_FALSE(nowhere.Write(Job(), catalogue, {}, true));
     EXPECT_TRUE(nowhere.Abandoned().empty());

@@ -191,6 +191,8 @@ TEST_F(WindowJob, ASizeGoesOverBetweenPipesAndTubesByItsNominalSize) {
         {"SI", "Horizontal Pipe", "50", "Horizontal Tube", "2"}, // DN 50 is NPS 2
         {"SI", "Horizontal Tube", "4", "Horizontal Pipe", "100"},
         {"SI", "Vertical Flat", "150", "Vertical Pipe", "150"},
+        {"English", "Vertical Flat", "0.375", "Vertical Pipe", "0.5"}, // waits since a tube was chosen
+        {"SI", "Horizontal Tank", "3", "Horizontal Pipe", "80"},
         {"English", "Horizontal Pipe", "seven", "Horizontal Tube", "seven"}, // stays, to be marked
     };
     for (const auto& c : cases) {
