@@ -47,6 +47,9 @@ bool FrmProgress::Report(std::string_view caption, int done, int count) {
     caption_->setText(ToQt(caption));
     bar_->setRange(0, count);
     bar_->setValue(done);
+    if (!lastLook_.isValid()) {
+        show();
+    }
     if (!lastLook_.isValid() || lastLook_.elapsed() >= betweenLooks) {
         lastLook_.start();
         QCoreApplication::processEvents();

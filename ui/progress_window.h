@@ -20,8 +20,8 @@ class FrmProgress final : public QDialog {
 public:
     explicit FrmProgress(QWidget* parent = nullptr);
 
-    /// To be called as often as the computation likes: the window is drawn and asked at most every 50 ms, so
-    /// that asking costs next to nothing.
+    /// Opens the window the first time. To be called as often as the computation likes: the window is drawn
+    /// and asked at most every 50 ms, so that asking costs next to nothing.
     /// @param count  what @p done will be in the end; 0 when nobody knows
     /// @returns false when the user wants it to end
     bool Report(std::string_view caption, int done, int count);

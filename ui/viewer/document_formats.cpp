@@ -91,17 +91,18 @@ void Formats::SetLineHeight(QTextBlockFormat& format, const ParagraphLook& look)
 
 void Formats::SetTabs(QTextBlockFormat& format, const ParagraphLook& look) const {
     QList<QTextOption::Tab> tabs;
-    // An indented first line ends at the indent when it has a tab, as list numbers do.
+    // They are counted from where the first line starts. A hanging one has one where the others start.
+    const int origin = look.left + look.first;
     if (look.first < 0) {
-        tabs.append({Units(look.left), QTextOption::LeftTab});
+        tabs.append({Units(-look.first), QTextOption::LeftTab});
     }
     for (const TabStop& tab : look.tabs) {
-        tabs.append({Units(tab.position), tab.type, QLatin1Char('.')});
+        tabs.append({Units(tab.position - origin), tab.type, QLatin1Char('.')});
     }
     for (int i = 1; tabs.size() < 64 && i * text_.tabDistance < text_.sections.front().paperWidth; ++i) {
         const int position = i * text_.tabDistance;
         if (look.tabs.isEmpty() || position > look.tabs.last().position) {
-            tabs.append({Units(position), QTextOption::LeftTab});
+            tabs.append({Units(position - origin), QTextOption::LeftTab});
         }
     }
     std::stable_sort(tabs.begin(), tabs.end(),
@@ -129,8 +130,11 @@ QTextBlockFormat Formats::Of(const ParagraphLook& look, const Inset& inset) cons
     return format;
 }
 
-QTextTableCellFormat Formats::Of(const CellLook& look, const Row& row) const {
+QTextTableCellFormat Formats::Of(const CellLook& look, const Row& row, const TextLook& endLook) const {
+    QTextCharFormat text = Of(endLook);
+    text.clearBackground();
     QTextTableCellFormat format;
+    format.merge(text);
     format.setLeftPadding(Units(row.padLeft));
     format.setRightPadding(Units(row.padRight));
     format.setVerticalAlignment(look.vertical);

@@ -20,7 +20,9 @@ public:
 
     [[nodiscard]] QTextCharFormat Of(const TextLook& look) const;
     [[nodiscard]] QTextBlockFormat Of(const ParagraphLook& look, const Inset& inset) const;
-    [[nodiscard]] QTextTableCellFormat Of(const CellLook& look, const Row& row) const;
+    /// @param endLook  of the first paragraph in the cell
+    [[nodiscard]] QTextTableCellFormat Of(const CellLook& look, const Row& row,
+                                          const TextLook& endLook) const;
 
 private:
     void SetLineHeight(QTextBlockFormat& format, const ParagraphLook& look) const;

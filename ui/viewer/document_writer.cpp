@@ -27,13 +27,25 @@ void DocumentWriter::WriteBlock(QTextCursor& cursor, const Paragraph& paragraph,
     const QTextCharFormat look = formats_.Of(paragraph.endLook);
     // The empty block behind a table has no height, so that an empty paragraph needs one of its own.
     if (isBlockFree_ && (isFirst || !paragraph.runs.empty())) {
+        KeepFromTable(format.topMargin());
         cursor.setBlockFormat(format);
         cursor.setBlockCharFormat(look);
     } else {
         cursor.insertBlock(format, look);
     }
     isBlockFree_ = false;
+    lastTable_ = nullptr;
+    isLastEmpty_ = paragraph.runs.empty();
     WriteRuns(cursor, paragraph, text_.sections.at(section).TextWidth());
+}
+
+void DocumentWriter::KeepFromTable(double space) {
+    // The space in front of a block counts from another block only.
+    if (lastTable_ != nullptr && space > 0) {
+        QTextTableFormat format = lastTable_->format();
+        format.setBottomMargin(space);
+        lastTable_->setFormat(format);
+    }
 }
 
 void DocumentWriter::WriteSeparator(QTextCursor& cursor, const Paragraph& paragraph,
@@ -52,6 +64,7 @@ void DocumentWriter::WriteSeparator(QTextCursor& cursor, const Paragraph& paragr
     }
     cursor.insertText(paragraph.Text(), look);
     spaceBefore_ = 0;
+    lastTable_ = nullptr;
 }
 
 void DocumentWriter::WriteRuns(QTextCursor& cursor, const Paragraph& paragraph, int width) {
@@ -112,6 +125,10 @@ QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t 
 }
 
 void DocumentWriter::WriteTable(QTextCursor& cursor, const TableGrid& grid, std::size_t section) {
+    // The last empty block before a table has no height; a paragraph must not be it.
+    if (!isBlockFree_ && isLastEmpty_) {
+        cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    }
     QTextTable* const table =
         cursor.insertTable(static_cast<int>(grid.Rows().size()), static_cast<int>(grid.Edges().size()) - 1,
                            TableFormat(grid, section));
@@ -128,20 +145,33 @@ void DocumentWriter::WriteTable(QTextCursor& cursor, const TableGrid& grid, std:
     cursor = table->lastCursorPosition();
     cursor.movePosition(QTextCursor::NextCharacter);
     isBlockFree_ = true;
+    lastTable_ = table;
     spaceBefore_ = 0;
 }
 
 void DocumentWriter::WriteCell(QTextTable& table, const TableGrid::Place& place, const Row& row, int width) {
     QTextTableCell cell = table.cellAt(static_cast<int>(place.row), static_cast<int>(place.column));
-    cell.setFormat(formats_.Of(place.cell->look, row));
+    const auto& paragraphs = place.cell->paragraphs;
+    // A cell's format is that of its first block's end too.
+    QTextTableCellFormat look =
+        formats_.Of(place.cell->look, row, paragraphs.empty() ? TextLook{} : paragraphs.front().endLook);
+    if (!paragraphs.empty()) {
+        // The space in front of a cell's first block does not count, nor that behind its last.
+        look.setTopPadding(formats_.Units(std::max(0, paragraphs.front().look.before)));
+        look.setBottomPadding(formats_.Units(std::max(0, paragraphs.back().look.after)));
+    }
+    cell.setFormat(look);
     QTextCursor cursor = cell.firstCursorPosition();
     spaceBefore_ = 0;
     bool isFirst = true;
-    for (const Paragraph& paragraph : place.cell->paragraphs) {
-        const QTextBlockFormat format = Following(formats_.Of(paragraph.look, {}));
+    for (const Paragraph& paragraph : paragraphs) {
+        QTextBlockFormat format = Following(formats_.Of(paragraph.look, {}));
+        if (row.height > 0 && paragraphs.size() == 1 && paragraph.runs.empty()) {
+            // Tables of Qt know no height of rows, but that of lines.
+            format.setLineHeight(formats_.Units(row.height), QTextBlockFormat::MinimumHeight);
+        }
         if (std::exchange(isFirst, false)) {
             cursor.setBlockFormat(format);
-            cursor.setBlockCharFormat(formats_.Of(paragraph.endLook));
         } else {
             cursor.insertBlock(format, formats_.Of(paragraph.endLook));
         }

@@ -26,6 +26,7 @@ private:
     void WriteCell(QTextTable& table, const TableGrid::Place& place, const Row& row, int width);
     void WriteRuns(QTextCursor& cursor, const Paragraph& paragraph, int width);
     void WritePicture(QTextCursor& cursor, const Run& run, int width);
+    void KeepFromTable(double space);
     /// The format of a paragraph behind the one written last: spaces between them add up.
     [[nodiscard]] QTextBlockFormat Following(QTextBlockFormat format);
 
@@ -33,9 +34,11 @@ private:
     const BuildOptions& options_;
     QTextDocument& document_;
     Formats formats_;
-    std::set<int> pictures_;  ///< that the document has got
-    bool isBlockFree_ = true; ///< the cursor stands in an empty block that nothing is written in
-    double spaceBefore_ = 0;  ///< that the last block asks for behind it
+    std::set<int> pictures_;          ///< that the document has got
+    bool isBlockFree_ = true;         ///< the cursor stands in an empty block that nothing is written in
+    QTextTable* lastTable_ = nullptr; ///< that the cursor stands right behind
+    bool isLastEmpty_ = false;        ///< the last block is an empty paragraph
+    double spaceBefore_ = 0;          ///< that the last block asks for behind it
 };
 
 } // namespace kaloria::viewer

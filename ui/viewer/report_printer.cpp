@@ -56,11 +56,12 @@ std::unique_ptr<QTextDocument> ReportPrinter::Laid(std::span<const Block> blocks
                                                    const Sheet& sheet) const {
     BuildOptions options;
     options.showsSeparators = false;
+    // The documents' own way of asking a device for its resolution leaves some lengths as they are.
+    options.scale = device_.logicalDpiY() / UnitsPerInch();
     options.fieldText = [&](Field field) {
         return QString::number(field == Field::pageNumber ? sheet.number : SheetCount());
     };
     auto document = BuildDocument(text_, blocks, options);
-    document->documentLayout()->setPaintDevice(&device_);
     document->setTextWidth(std::max(Units(section.TextWidth()), 1.0));
     return document;
 }

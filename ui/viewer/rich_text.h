@@ -148,6 +148,7 @@ struct Row {
     int left = 0;
     int padLeft = 0;
     int padRight = 0;
+    int height = 0;         ///< at least
     bool isHeading = false; ///< repeated on every sheet
     bool breaksPage = false;
     Qt::Alignment alignment = Qt::AlignLeft; ///< of the table between the margins

@@ -252,7 +252,7 @@ bool RtfMachine::TakeGroupWord(const Token& word) {
                fields_[static_cast<std::size_t>(Top().field)].isMadeUp) {
         Top().destination = Destination::skipped;
     } else if (word.name == "listtext" || word.name == "pntext") {
-        Top().endsListText = true;
+        Top().endsListText = Top().isListText = true;
         listTextRun_ = Current().Current().runs.size();
     } else {
         return false;
@@ -362,6 +362,9 @@ void RtfMachine::TakeFormat(const Token& word) {
         Top().paragraph = {};
         sides_.clear();
     } else if (word.name == "plain") {
+        if (Top().isListText) {
+            return; // a list's number looks like the text that it numbers
+        }
         Top().text = {};
         Top().text.font = resources_.defaultFont;
     } else if (word.name == "deftab") {

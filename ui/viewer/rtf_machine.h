@@ -32,6 +32,7 @@ private:
         Destination destination = Destination::text;
         int fallbackLength = 1;
         int field = -1; ///< of fields_, that it is in
+        bool isListText = false;
         // What its end means; not handed on to groups in it.
         bool endsStory = false;
         bool endsPicture = false;

@@ -4,6 +4,7 @@
 #include "ui/viewer/rtf_look.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
@@ -55,6 +56,8 @@ bool RowCollector::ApplyRowWord(const Token& word) {
         row_.padRight = NumberOf(word, 0, widestGap);
     } else if (word.name == "trleft") {
         row_.left = NumberOf(word, -farthest, farthest);
+    } else if (word.name == "trrh") {
+        row_.height = std::abs(NumberOf(word, -farthest, farthest));
     } else if (word.name == "trhdr") {
         row_.isHeading = true;
     } else if (word.name == "trql" || word.name == "trqr" || word.name == "trqc") {
@@ -108,7 +111,7 @@ void RowCollector::EndLook(int right) {
         looks_.push_back(next_);
     }
     next_ = {};
-    pattern_ = {};
+    pattern_ = QColor(); // not {}, which would be a colour
     side_ = sideCount;
 }
 
