@@ -78,8 +78,13 @@ private:
 
     /// As wide as their longest words ask for.
     [[nodiscard]] std::vector<rtf::TableColumn> Columns() const {
-        constexpr std::size_t labelLength = 12;
-        constexpr std::size_t gap = 2;
+        constexpr std::size_t shortestLabel = 12;
+        constexpr std::size_t longestLabel = 18;
+        std::size_t labelLength = shortestLabel;
+        for (const ResultRow& row : grid_.rows) {
+            labelLength = std::clamp(row.label.size(), labelLength, longestLabel);
+        }
+        constexpr std::size_t gap = 3;
         std::vector<std::size_t> lengths(FigureCount() + 1, labelLength);
         for (std::size_t i = 1; i < grid_.columns.size(); ++i) {
             std::size_t& length = lengths[(i - 1) % mostFigures + 1];

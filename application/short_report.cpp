@@ -92,16 +92,16 @@ private:
 
     /// The efficiency and the fuel that goes with it, line by line.
     void FillFuel() {
-        const auto efficiency = Label("lblReportEfficiency");
-        if (!efficiency) {
+        if (!Label("lblReportEfficiency")) {
             return;
         }
+        // Two lines: the blanks set the second figure of each apart.
         page_.FillBlock(
             "<Efficiency/>",
-            rtf::Paragraphs({"Efficiency = " + *efficiency,
-                             "        Fuel Name = " + Label("lblFuelName").value_or(""),
-                             "Heat Content = " + WithUnit("lblReportHeatContent"),
-                             "                     Fuel Cost = " + WithUnit("lblReportFuelCost")}));
+            rtf::Paragraphs({"Efficiency = " + WithUnit("lblReportEfficiency") +
+                                 "        Fuel Name = " + Label("lblFuelName").value_or(""),
+                             "Heat Content = " + WithUnit("lblReportHeatContent") +
+                                 "                     Fuel Cost = " + WithUnit("lblReportFuelCost")}));
     }
 
     /// The label's text with the unit that its caption has in parentheses.

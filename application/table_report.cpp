@@ -38,6 +38,12 @@ rtf::Markup LayerLines(const std::vector<PanelLine>& panel) {
     return rtf::Paragraphs(lines);
 }
 
+/// A decimal in inches, so that the figures stand under each other.
+std::string NominalText(double thickness, Units units) {
+    const std::string text = FormatNumber(thickness, NumberFormat::shortest);
+    return units == Units::si || text.find('.') != std::string::npos ? text : text + ".0";
+}
+
 rtf::Markup TableBody(const ThicknessTable& table) {
     auto rows = TableOf(ThicknessTable::temperatures + 1);
     std::vector<std::string> heading{"Size"};
@@ -46,27 +52,33 @@ rtf::Markup TableBody(const ThicknessTable& table) {
                                       InfoOf(Quantity::temperature).Text(table.units)));
     }
     rows.AddHeading(heading, {.isBold = true, .hasRuleAbove = true, .hasRuleBelow = true});
+    bool hasGap = false;
     for (const TableRow& row : table.rows) {
         std::vector<std::string> cells{row.size};
         for (const TableCell& cell : row.cells) {
-            cells.push_back(cell.text);
+            cells.push_back(cell.thickness ? NominalText(*cell.thickness, table.units) : cell.text);
+            hasGap = hasGap || !cell.thickness;
         }
         rows.AddRow(cells, {.hasRuleBelow = &row == &table.rows.back()});
+    }
+    if (hasGap) {
+        rows.AddSpan("-  no thickness that is made for the size meets the goal", {});
     }
     return rows.Build();
 }
 
 rtf::Markup TableBody(const std::vector<SizeCoverings>& sizes, Units units) {
     const std::string unit = fmt::format("({})", InfoOf(Quantity::length).Text(units));
-    const auto number = [](double value) { return FormatNumber(value, NumberFormat::shortest); };
+    const auto number = [&](double value) { return FormatFixed(value, units == Units::si ? 1 : 3); };
     auto rows = TableOf(5);
-    rows.AddHeading({"Size", "Size", "Nominal", "Actual", "Outside"}, {.isBold = true, .hasRuleAbove = true});
+    rows.AddHeading({"Size", "Bare", "Nominal", "Actual", "Outside"}, {.isBold = true, .hasRuleAbove = true});
     rows.AddHeading({"", "Diameter " + unit, "Thickness " + unit, "Thickness " + unit, "Diameter " + unit});
     for (const SizeCoverings& size : sizes) {
         bool isFirst = true;
         for (const CoveringDimensions& covering : size.coverings) {
             rows.AddRow({isFirst ? size.size : "", isFirst ? number(size.outsideDiameter) : "",
-                         number(covering.nominal), number(covering.actual), number(covering.outside)},
+                         NominalText(covering.nominal, units), number(covering.actual),
+                         number(covering.outside)},
                         {.hasRuleAbove = isFirst, .staysWithNext = isFirst});
             isFirst = false;
         }

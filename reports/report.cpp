@@ -53,11 +53,12 @@ bool CReport::CreateReport(ReportText& work, ReportText& output, const ReportOpt
     output.rtf.clear();
     const ReportPages pages(ProgramFolder, options.kind, Inputs.engineering);
     const std::size_t count = Inputs.surfaces.size();
+    bool isWanted = true; // the analysis does not ask any more when it is done
     const bool isAnalysed =
         Analyse(options.costs != nullptr ? *options.costs : costData_, [&](int done, int) {
-            return GoesOn(options.progress, "Performing Analysis...", done, count);
+            return isWanted = GoesOn(options.progress, "Performing Analysis...", done, count);
         });
-    return isAnalysed && WritePages(pages, work, output, options);
+    return isAnalysed && isWanted && WritePages(pages, work, output, options);
 }
 
 bool CReport::WritePages(const ReportPages& pages, ReportText& work, ReportText& output,

@@ -75,7 +75,9 @@ std::string PageFigures::Thickness(const ThicknessResult* row) const {
         return std::string(noFigure);
     }
     if (row->nominal > 0.0F) {
-        return Fixed(Quantity::length, row->nominal, 1);
+        const double shown = FromEnglish(Quantity::length, units_, row->nominal);
+        constexpr double sameTenth = 0.005;
+        return FormatFixed(shown, std::abs(shown * 10 - std::round(shown * 10)) < sameTenth * 10 ? 1 : 2);
     }
     return isRetrofit_ ? "Do Nothing" : "Bare";
 }

@@ -113,7 +113,7 @@ std::string ThicknessSentence(const TemperatureResult& step, const PageFigures& 
                                          figures.Texts().thickness);
     return step.outcome == EconomicOutcome::found
                ? fmt::format("The economic thickness is {}.", what)
-               : fmt::format("{}. The best of them is {}.", TextOf(step.outcome), what);
+               : fmt::format("{}. The one that comes closest is {}.", TextOf(step.outcome), what);
 }
 
 std::string SavingsSentence(const ReportInputs& inputs, const TemperatureResult& step,

@@ -69,6 +69,25 @@ TEST(Cli, EndsWithTheExitCodeOfWhatHappened) {
         {"audit --append ''", 2, "No audit file has been selected."},
         {"audit --set PipeSize=7 --append /no/such/folder/a.aud", 1, "not in the list of pipe sizes"},
         {"audit", 2, "--append is required"},
+        {"economics", 0, "economic thickness"},
+        {"economics --layout engineering --set ReportStartingTemperature=250", 0,
+         "Economic thickness: 2.5 in"},
+        {"economics --items 0", 2, "neither a position from 1 to 29"},
+        {"economics --items ''", 1, "no size or surface is chosen"},
+        {"economics --layout pages", 2, "--layout"},
+        {"economics --import-costs /no/such/file", 2, "No such file"},
+        {"economics --set AnnualOperation=", 1, "Annual operation"},
+        {"economics --set FEA=False --set PreviousCostData=True", 1, "no installed costs of an earlier run"},
+        {"report -o /dev/null/report.rtf", 2,
+         "A problem occured while saving your report.  Please try again."},
+        {"report --items 30 -o /dev/null/report.rtf", 2, "neither a position from 1 to 29"},
+        {"report --set ReportFuel=Peat -o /dev/null/report.rtf", 2, "Peat"},
+        {"report --set AnnualOperation= -o /dev/null/report.rtf", 1, "Annual operation"},
+        {"report --kind technical -o a.rtf", 2, "--kind"},
+        {"report", 2, "--output is required"},
+        {"short-report -o /dev/null/report.rtf", 2, "A problem occured while saving your report."},
+        {"short-report --set PipeSize=7 -o /dev/null/report.rtf", 1, "not in the list of pipe sizes"},
+        {"thickness-table -o /dev/null/table.rtf", 2, "A problem occured while saving your report."},
         {"list", 2, "what is required"},
         {"list moons", 2, "moons not in"},
         {"list pipes", 0, "6.625"},
@@ -152,6 +171,38 @@ TEST(Cli, SolveAnswersEveryGoodLineAndNamesTheBadOnes) {
         RunCli("solve", R"({"id":1,"inputs":{"ProcessTemp":1,"AmbientTemp":2,"GeometryCode":99}})");
     EXPECT_EQ(fault.exitCode, 0);
     EXPECT_THAT(fault.out, HasSubstr("\"Fault\":true"));
+}
+
+TEST(Cli, EconomicsAsNumbersAndCostsInAndOut) {
+    const std::string line = "economics --layout engineering --set ReportStartingTemperature=250";
+    const json analysis = json::parse(RunCli(line + " --format json").out);
+    const json& step = analysis.at("items")[0].at("temperatures")[0];
+    EXPECT_EQ(analysis.at("items")[0].at("position"), 12);
+    EXPECT_EQ(step.at("economicThickness"), 2.5); // docs/methods-economics.md, over all thicknesses
+    EXPECT_THAT(RunCli(line + " --format csv").out, HasSubstr("\n12,Pipe 6 in,"));
+
+    // Costs that were written and are read again change nothing; other costs do.
+    const test::TemporaryFolder folder;
+    const auto costs = folder / "costs.csv";
+    ASSERT_EQ(RunCli(line + " --export-costs " + costs.string()).exitCode, 0);
+    const json again = json::parse(RunCli(line + " --format json --import-costs " + costs.string()).out);
+    EXPECT_EQ(again.at("items")[0].at("temperatures"), analysis.at("items")[0].at("temperatures"));
+}
+
+TEST(Cli, WritesReportsAndReplacesThem) {
+    const test::TemporaryFolder folder;
+    const auto file = folder / "a.rtf";
+    for (const char* const command :
+         {"report", "report --kind environmental --layout engineering --items 3,28 --units si",
+          "report --items ''", "short-report", "thickness-table", "thickness-table --dimensions"}) {
+        SCOPED_TRACE(command);
+        test::Spill(file, "old");
+        const Outcome outcome = RunCli(std::string(command) + " -o " + file.string(), {}, true);
+        EXPECT_EQ(outcome.exitCode, 0);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(test::Slurp(file).substr(0, 6), "{\\rtf1");
+        EXPECT_EQ(folder.FileCount(), 1);
+    }
 }
 
 TEST(Cli, NumbersDoNotDependOnTheLocale) {
