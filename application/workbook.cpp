@@ -58,8 +58,8 @@ std::size_t CharacterCount(std::string_view text) {
 std::string NewFolder() {
     std::error_code error;
     const fs::path temporary = fs::temp_directory_path(error);
-    std::string name = (error ? fs::path("/tmp") : temporary) / "kaloria-XXXXXX";
-    if (::mkdtemp(name.data()) == nullptr) {
+    std::string name = temporary / "kaloria-XXXXXX";
+    if (error || ::mkdtemp(name.data()) == nullptr) {
         throw FileError(FileError::Kind::unwritable, name, "no temporary folder can be made");
     }
     return name;

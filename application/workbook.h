@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -25,7 +25,10 @@ struct CellStyle {
     bool marked = false; ///< on a light ground
     bool right = false;
 
-    friend auto operator<=>(const CellStyle&, const CellStyle&) = default;
+    friend bool operator<(const CellStyle& a, const CellStyle& b) {
+        return std::tie(a.number, a.heading, a.marked, a.right) <
+               std::tie(b.number, b.heading, b.marked, b.right);
+    }
 };
 
 /// A spreadsheet workbook in the making. Texts are always texts, never formulas or links.
