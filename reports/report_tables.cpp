@@ -133,9 +133,14 @@ rtf::Markup ReductionSentences(const ReportInputs& inputs, const TemperatureResu
                                               figures.Texts().emission));
     }
     if (sentences.empty()) {
-        sentences.push_back(NoPollutants(inputs));
+        return rtf::Paragraphs({NoPollutants(inputs)});
     }
-    return rtf::Paragraphs(sentences);
+    // Side by side, or the page of a fuel with seven pollutants would not fit on a sheet.
+    rtf::TableBuilder table({{tableWidth / 2, Alignment::left}, {tableWidth / 2, Alignment::left}});
+    for (std::size_t i = 0; i < sentences.size(); i += 2) {
+        table.AddRow({sentences[i], i + 1 < sentences.size() ? sentences[i + 1] : ""});
+    }
+    return table.Build();
 }
 
 rtf::Markup ReductionTable(const ReportInputs& inputs, const SurfaceResult& surface,

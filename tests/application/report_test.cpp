@@ -243,7 +243,7 @@ TEST_F(Report, EveryThicknessWithItsMoney) {
 TEST_F(Report, WhatTheAirIsSpared) {
     const Asked engineer{ReportKind::environmental, true, {12}, Units::english, {}};
     const std::string text = Body("<PollutionData/>\\par <TableData/>", steamLine, engineer);
-    EXPECT_THAT(text, StartsWith("The reduction in CO2 is 1811.19 Lbs/lnft/yr\nThe reduction in NOx is "));
+    EXPECT_THAT(text, StartsWith("The reduction in CO2 is 1811.19 Lbs/lnft/yr\tThe reduction in NOx is "));
     EXPECT_THAT(text, HasSubstr("\nThickness\tHeat Loss\tCO2\tNOx\tSO2\tCO\tCH4\tN2O\tPM\t\n"));
     EXPECT_THAT(text, ContainsRegex("\n2.0\t97.91\t1794.2[67]\t"));
     EXPECT_THAT(text, HasSubstr("\nBare\t1572.74\t-\t-\t"));
