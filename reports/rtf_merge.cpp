@@ -144,7 +144,7 @@ std::string NameKey(std::string_view name) {
 } // namespace
 
 int NumberPool::Take() {
-    while (used_.count(next_) > 0) {
+    while (used_.contains(next_)) {
         ++next_;
     }
     return next_++;
@@ -291,11 +291,13 @@ int PageNumbers::Font(int number) {
     if (const auto known = fontNumbers_.find(number); known != fontNumbers_.end()) {
         return known->second;
     }
-    const auto found = fonts_.find(number);
+    // One that the table lacks is the default font.
+    auto found = fonts_.find(number);
     if (found == fonts_.end()) {
-        return number != header_.defaultFont && fonts_.count(header_.defaultFont) > 0
-                   ? Font(header_.defaultFont)
-                   : merged_.header_.defaultFont;
+        found = fonts_.find(header_.defaultFont);
+    }
+    if (found == fonts_.end()) {
+        return merged_.header_.defaultFont;
     }
     const auto [place, isNew] = merged_.fonts_.try_emplace(FontEntry(found->second, 0), 0);
     if (isNew) {
@@ -318,7 +320,7 @@ int PageNumbers::Color(int number) {
 
 int PageNumbers::RelatedStyle(char kind, int number) {
     for (const char any : {kind, 's', 'c', 't', 'd'}) {
-        if (styles_.count({any, number}) > 0) {
+        if (styles_.contains({any, number})) {
             return Style(any, number);
         }
     }
@@ -326,15 +328,13 @@ int PageNumbers::RelatedStyle(char kind, int number) {
 }
 
 int PageNumbers::Style(char kind, int number) {
-    const StyleKey key(kind, number);
+    // One that the table lacks is the default style, which is always there.
+    const StyleKey asked(kind, number);
+    const StyleKey key = styles_.contains(asked) ? asked : StyleKey('s', 0);
     if (const auto known = styleNumbers_.find(key); known != styleNumbers_.end()) {
         return known->second;
     }
-    const auto found = styles_.find(key);
-    if (found == styles_.end()) {
-        return DefaultStyle();
-    }
-    auto normalized = Normalized(found->second, [this](const Token& word) { return For(word); });
+    auto normalized = Normalized(styles_.at(key), [this](const Token& word) { return For(word); });
     const auto [place, isNew] = merged_.styles_.try_emplace(std::move(normalized), 0);
     if (isNew) {
         place->second = merged_.styleNumbers_.Take();

@@ -116,7 +116,7 @@ Removal Remover::Run() && {
     TagMatcher matcher;
     for (Piece piece = scanner.Next(); piece.kind != Piece::Kind::end; piece = scanner.Next()) {
         const std::string_view tag = matcher.Feed(piece);
-        Top().hasTag = Top().hasTag || (!tag.empty() && tags_.count(tag) > 0);
+        Top().hasTag = Top().hasTag || (!tag.empty() && tags_.contains(tag));
         Take(piece);
     }
     EndTextOnly();

@@ -3,6 +3,7 @@
 #include "reports/rtf_binder.h"
 #include "reports/rtf_tables.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <gmock/gmock.h>
@@ -80,7 +81,7 @@ public:
             State& now = states.back();
             static const std::set<std::string_view> hidden = {
                 "fonttbl", "colortbl", "stylesheet", "info", "pict", "*", "listoverridetable"};
-            now.isHidden = now.isHidden || hidden.count(token.name) > 0;
+            now.isHidden = now.isHidden || hidden.contains(token.name);
             if (token.kind == Token::Kind::open) {
                 states.push_back(State(now));
             } else if (token.kind == Token::Kind::close) {
@@ -124,7 +125,7 @@ private:
     std::map<int, std::string> styles_;
 };
 
-std::string WithEndedLine(std::string text) { return text.ends_with('\n') ? text : text + "\n"; }
+std::string WithEndedLine(const std::string& text) { return text.ends_with('\n') ? text : text + "\n"; }
 
 TEST(RtfBinder, PagesKeepFontsColorsStylesAndText) {
     const char* const samples[] = {"writer-cover.rtf", "writer-wide.rtf", "split-runs.rtf", "by-hand.rtf"};
@@ -144,9 +145,10 @@ TEST(RtfBinder, PagesKeepFontsColorsStylesAndText) {
             for (const auto& [c, runs] : expected) {
                 EXPECT_EQ(actual[c], runs) << c;
             }
-            const std::string separator = std::string(65, '-') + "\n";
-            EXPECT_EQ(bound.PlainText(), WithEndedLine(pages[0].PlainText()) + separator +
-                                             WithEndedLine(pages[1].PlainText()) + separator);
+            const std::string separator = fmt::format("{:->65}\n", "");
+            EXPECT_EQ(bound.PlainText(),
+                      fmt::format("{}{}{}{}", WithEndedLine(pages[0].PlainText()), separator,
+                                  WithEndedLine(pages[1].PlainText()), separator));
         }
     }
 }
@@ -277,10 +279,9 @@ TEST(RtfBinder, IsNotSlowedDownByLongChains) {
     std::string lists;
     std::string overrides;
     for (int i = 1; i < 100000; ++i) {
-        const std::string number = std::to_string(i);
-        styles += "{\\s" + number + "\\sbasedon" + std::to_string(i + 1) + "\\ls" + number + " n;}";
-        lists += "{\\list\\s" + std::to_string(i + 1) + "\\listid" + number + "}";
-        overrides += "{\\listoverride\\listid" + number + "\\ls" + number + "}";
+        styles += fmt::format("{{\\s{0}\\sbasedon{1}\\ls{0} n;}}", i, i + 1);
+        lists += fmt::format("{{\\list\\s{}\\listid{}}}", i + 1, i);
+        overrides += fmt::format("{{\\listoverride\\listid{0}\\ls{0}}}", i);
     }
     const std::string bound =
         Bound({"{\\rtf1 a}", "{\\rtf1{\\stylesheet" + styles + "}{\\*\\listtable" + lists +

@@ -164,11 +164,11 @@ TEST(Rtf, RemovesOptionalParagraphsAndRows) {
         {"a footnote's paragraph is not the text's", "a{\\footnote f <A/>\\par g}\\par", 1,
          "a{\\footnote g}\\par"},
     };
-    for (const auto& row_ : rows) {
-        SCOPED_TRACE(row_.why);
-        Document document(Wrapped(row_.body));
-        EXPECT_EQ(document.RemoveParagraphsWith({"<A/>"}), row_.count);
-        EXPECT_EQ(document.Bytes(), Wrapped(row_.expected));
+    for (const auto& sample : rows) {
+        SCOPED_TRACE(sample.why);
+        Document document(Wrapped(sample.body));
+        EXPECT_EQ(document.RemoveParagraphsWith({"<A/>"}), sample.count);
+        EXPECT_EQ(document.Bytes(), Wrapped(sample.expected));
     }
 }
 
