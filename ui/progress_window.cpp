@@ -33,6 +33,7 @@ FrmProgress::FrmProgress(QWidget* parent)
     bar_->setRange(0, 0);
     cancel_->setObjectName(QStringLiteral("cmdCancel"));
     cancel_->setAccessibleName(tr("Cancel"));
+    cancel_->setAutoDefault(false); // Enter ends nothing
     connect(cancel_, &QPushButton::clicked, this, &FrmProgress::reject);
 
     auto* const column = new QVBoxLayout(this);

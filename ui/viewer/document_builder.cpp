@@ -83,7 +83,7 @@ private:
             return begin + 1;
         }
         if (!paragraph.look.HasBorder()) {
-            writer_.WriteBlock(cursor, paragraph, section, begin == 0);
+            writer_.WriteBlock(cursor, paragraph, section);
             return begin + 1;
         }
         const std::size_t end = EndOfFrame(begin);

@@ -21,9 +21,12 @@ QTextBlockFormat DocumentWriter::Following(QTextBlockFormat format) {
     return format;
 }
 
-void DocumentWriter::WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section,
-                                bool isFirst) {
-    const QTextBlockFormat format = Following(formats_.Of(paragraph.look, formats_.InsetOf(section)));
+void DocumentWriter::WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section) {
+    QTextBlockFormat format = Following(formats_.Of(paragraph.look, formats_.InsetOf(section)));
+    const bool isFirst = !std::exchange(hasBlocks_, true);
+    if (isFirst) {
+        format.clearProperty(QTextFormat::PageBreakPolicy); // it starts a sheet anyhow
+    }
     const QTextCharFormat look = formats_.Of(paragraph.endLook);
     // The empty block behind a table has no height, so that an empty paragraph needs one of its own.
     if (isBlockFree_ && (isFirst || !paragraph.runs.empty())) {
@@ -108,7 +111,7 @@ QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t 
         format.setLeftMargin(formats_.Units(inset.left + std::max(0, rest / share)));
     }
     format.setTopMargin(std::exchange(spaceBefore_, 0));
-    if (first.breaksPage) {
+    if (first.breaksPage && hasBlocks_) {
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     }
     QList<QTextLength> widths;
@@ -145,6 +148,7 @@ void DocumentWriter::WriteTable(QTextCursor& cursor, const TableGrid& grid, std:
     cursor = table->lastCursorPosition();
     cursor.movePosition(QTextCursor::NextCharacter);
     isBlockFree_ = true;
+    hasBlocks_ = true;
     lastTable_ = table;
     spaceBefore_ = 0;
 }

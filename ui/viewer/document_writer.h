@@ -16,7 +16,7 @@ class DocumentWriter {
 public:
     DocumentWriter(const RichText& text, const BuildOptions& options, QTextDocument& document);
 
-    void WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section, bool isFirst);
+    void WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section);
     /// @param nextSection  behind the separator
     void WriteSeparator(QTextCursor& cursor, const Paragraph& paragraph, std::size_t nextSection);
     void WriteTable(QTextCursor& cursor, const TableGrid& grid, std::size_t section);
@@ -34,8 +34,9 @@ private:
     const BuildOptions& options_;
     QTextDocument& document_;
     Formats formats_;
-    std::set<int> pictures_;          ///< that the document has got
-    bool isBlockFree_ = true;         ///< the cursor stands in an empty block that nothing is written in
+    std::set<int> pictures_;  ///< that the document has got
+    bool isBlockFree_ = true; ///< the cursor stands in an empty block that nothing is written in
+    bool hasBlocks_ = false;
     QTextTable* lastTable_ = nullptr; ///< that the cursor stands right behind
     bool isLastEmpty_ = false;        ///< the last block is an empty paragraph
     double spaceBefore_ = 0;          ///< that the last block asks for behind it

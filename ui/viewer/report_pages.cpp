@@ -25,6 +25,15 @@ bool IsBlank(const RichText& text, const Part& part) {
                        [](const Block& block) { return IsBlank(block); });
 }
 
+/// A sheet that the page ends with and that nothing stands on would be paper wasted.
+void CutBlankSheets(const RichText& text, Part& part) {
+    for (std::size_t i = part.end; i > part.begin + 1 && IsBlank(text.blocks[i - 1]); --i) {
+        if (std::get<Paragraph>(text.blocks[i - 1].content).look.breaksPage) {
+            part.end = i - 1;
+        }
+    }
+}
+
 /// A page, cut where its section changes to one that starts a sheet.
 void AddParts(std::vector<Part>& parts, const RichText& text, Part page) {
     for (std::size_t i = page.begin; i < page.end; ++i) {
@@ -38,8 +47,9 @@ void AddParts(std::vector<Part>& parts, const RichText& text, Part page) {
     parts.push_back(page);
 }
 
-void MarkSections(std::vector<Part>& parts) {
+void Finish(std::vector<Part>& parts, const RichText& text) {
     for (std::size_t i = 0; i < parts.size(); ++i) {
+        CutBlankSheets(text, parts[i]);
         parts[i].startsSection = i == 0 || parts[i].section != parts[i - 1].section;
     }
 }
@@ -85,7 +95,7 @@ std::vector<Part> PartsOf(const RichText& text) {
         page.section = text.blocks[page.begin].section;
         AddParts(parts, text, page);
     }
-    MarkSections(parts);
+    Finish(parts, text);
     return parts;
 }
 

@@ -28,14 +28,17 @@ std::string_view TableOf(std::string_view bytes, const rtf::HeaderTables& tables
     return bytes.substr(place.begin, place.end - place.begin);
 }
 
-/// The text among tokens.
+/// The text directly in a group, or in markup without one.
 QString NameIn(std::string_view markup, int codePage) {
     std::string bytes;
+    std::size_t depth = markup.substr(0, 1) == "{" ? 0 : 1;
     rtf::Tokenizer tokens(markup);
     for (Token token = tokens.Next(); token.kind != Token::Kind::end; token = tokens.Next()) {
-        if (token.kind == Token::Kind::text) {
+        depth += token.kind == Token::Kind::open ? 1 : 0;
+        depth -= token.kind == Token::Kind::close ? 1 : 0;
+        if (token.kind == Token::Kind::text && depth == 1) {
             bytes += markup.substr(token.begin, token.end - token.begin);
-        } else if (token.kind == Token::Kind::hex) {
+        } else if (token.kind == Token::Kind::hex && depth == 1) {
             bytes += static_cast<char>(token.value);
         }
     }
@@ -68,10 +71,8 @@ Font FontIn(std::string_view entry, int documentCodePage) {
     const int charset = rtf::NumberIn(entry, "fcharset", 0);
     font.isSymbol = charset == symbolCharset;
     font.codePage = rtf::NumberIn(entry, "cpg", CodePageOfCharset(charset));
-    const auto place = rtf::NameOf(entry);
     const int codePage = font.codePage > 0 ? font.codePage : documentCodePage;
-    font.families << NameIn(entry.substr(place.begin, place.end - place.begin), codePage)
-                  << StandInOf(entry, codePage);
+    font.families << NameIn(entry, codePage) << StandInOf(entry, codePage);
     for (const Family& family : families) {
         if (HasWord(entry, family.word)) {
             font.hint = family.hint;

@@ -16,6 +16,7 @@ using rtf::Token;
 using Merge = CellLook::Merge;
 
 constexpr std::size_t mostCells = 64; // of a row, as word processors have it
+constexpr int leastCell = 60;         // so that its text is seen [twip]
 constexpr int usualCell = 1440;       // of a cell that nothing is said about [twip]
 constexpr int wholeShade = 10000;
 
@@ -107,7 +108,7 @@ bool RowCollector::ApplyCellWord(const Token& word, const Resources& resources) 
 void RowCollector::EndLook(int right) {
     if (looks_.size() < mostCells) {
         const int left = looks_.empty() ? row_.left : looks_.back().right;
-        next_.right = std::max(right, left);
+        next_.right = std::max(right, left + leastCell);
         looks_.push_back(next_);
     }
     next_ = {};
