@@ -36,7 +36,11 @@ QVBoxLayout* CardLayout(QWidget* card) {
 
 FieldCard::FieldCard(const QString& title, std::initializer_list<Field> fields, Session& session, int columns,
                      QWidget* parent)
-    : QWidget(parent), session_(session), layout_(CardLayout(this)), grid_(new QGridLayout) {
+    : QWidget(parent),
+      session_(session),
+      layout_(CardLayout(this)),
+      grid_(new QGridLayout),
+      columns_(columns) {
     layout_->addWidget(TitleLabel(title, this));
     grid_->setHorizontalSpacing(theme::gap);
     grid_->setVerticalSpacing(6);
@@ -102,6 +106,22 @@ FieldEditor* FieldCard::FirstWrong() const {
         return editor->IsShown() && editor->HasError();
     });
     return found == editors_.end() ? nullptr : *found;
+}
+
+int FieldCard::LabelWidth() const {
+    int widest = 0;
+    for (const FieldEditor* const editor : editors_) {
+        if (columns_ == 1 && editor->IsShown() && InfoOf(editor->Id()).kind != FieldKind::flag) {
+            widest = std::max(widest, editor->LabelWidth());
+        }
+    }
+    return widest;
+}
+
+void FieldCard::SetLabelWidth(int width) {
+    if (columns_ == 1) {
+        grid_->setColumnMinimumWidth(0, width);
+    }
 }
 
 void FieldCard::Add(QWidget* widget) {

@@ -30,6 +30,10 @@ public:
     /// The first entry that is wrong; nullptr when none is.
     [[nodiscard]] FieldEditor* FirstWrong() const;
 
+    /// What the longest label that is shown needs; 0 for cards of two columns.
+    [[nodiscard]] int LabelWidth() const;
+    void SetLabelWidth(int width);
+
     /// Puts something of the panel's own below the fields.
     void Add(QWidget* widget);
     /// Puts it above them.
@@ -45,6 +49,7 @@ private:
     QVBoxLayout* layout_ = nullptr;
     QGridLayout* grid_ = nullptr;
     std::vector<FieldEditor*> editors_;
+    int columns_ = 1;
     bool hasOwnContent_ = false;
 };
 

@@ -22,10 +22,11 @@ namespace kaloria {
 namespace {
 
 constexpr int numberWidth = 84;
+constexpr int longLabel = 240;
 
 /// Fits the entry of a number, which is as wide as a number needs to be.
 int NumberWidth(const QWidget& widget) {
-    return std::max(numberWidth, widget.fontMetrics().horizontalAdvance(QStringLiteral("00000000")) + 20);
+    return std::max(numberWidth, widget.fontMetrics().horizontalAdvance(QStringLiteral("0.000E+000")) + 20);
 }
 
 void Repolish(QWidget& widget, bool wrong) {
@@ -85,6 +86,11 @@ FieldEditor::FieldEditor(Field field, Session& session, QWidget* parent)
     error_->setFont(theme::CaptionFont());
     theme::SetRole(*error_, "error");
     error_->hide();
+    connect(&session_, &Session::FieldChanged, this, [this](Field changed) {
+        if (changed == field_.id) {
+            Refresh();
+        }
+    });
 }
 
 void FieldEditor::BuildLine(QWidget* parent) {
@@ -184,6 +190,10 @@ void FieldEditor::Describe() {
     const QString text = ToQt(LabelOf(field_.id, job, session_.Records()));
     const QString unit = ToQt(UnitTextOf(field_.id, job, session_.Records()));
     if (auto* const label = qobject_cast<QLabel*>(label_)) {
+        // A long label breaks, so that the fields of its card keep one column.
+        const bool isLong = label->fontMetrics().horizontalAdvance(text) > longLabel;
+        label->setWordWrap(isLong);
+        label->setMinimumWidth(isLong ? longLabel * 3 / 4 : 0);
         label->setText(text);
     } else if (auto* const button = qobject_cast<QAbstractButton*>(label_)) {
         button->setText(text);
@@ -212,6 +222,11 @@ void FieldEditor::CheckEntry() {
     const auto wrong =
         counts ? WhatIsWrong(field_, job[field_.id], job.UnitsInForce()) : std::optional<std::string>();
     SetError(wrong ? ToQt(*wrong) : QString());
+}
+
+int FieldEditor::LabelWidth() const {
+    const auto* const label = qobject_cast<const QLabel*>(label_);
+    return label != nullptr && label->wordWrap() ? label->minimumWidth() : label_->sizeHint().width();
 }
 
 void FieldEditor::SetShown(bool shown) {

@@ -30,6 +30,9 @@ public:
     [[nodiscard]] QLabel* Unit() const { return unit_; }
     [[nodiscard]] QLabel* Error() const { return error_; }
 
+    /// What the label needs; one that breaks into lines needs less than its text.
+    [[nodiscard]] int LabelWidth() const;
+
     /// Shows the job's text, with label, unit and choices as they are now.
     void Refresh();
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/main_window.h"
 
+#include "application/visible_fields.h"
 #include "application/wizard_rules.h"
 #include "data/atomic_file.h"
 #include "data/configuration_file.h"
 #include "data/xml_document.h"
 #include "ui/file_dialogs.h"
+#include "ui/help_pages.h"
 #include "ui/job_commands.h"
 #include "ui/layers_card.h"
 #include "ui/materials_panel.h"
@@ -145,12 +147,20 @@ void MainWindow::BuildPanels() {
     PanelPage* const fuel = plain(Panel::fuel, "fraData3", tr("Fuel"));
     fuel->AddFields(tr("Fuel"),
                     {Field::Fuel, Field::HeatContent, Field::FuelCost, Field::ConversionEfficiency});
+    fuelNote_ =
+        new QLabel(tr("ℹ This calculation asks for no fuel. Heat Loss Per Year shows cost, savings and "
+                      "emissions; the reports have a fuel of their own under Cost of energy."),
+                   fuel);
+    fuelNote_->setWordWrap(true);
+    theme::SetRole(*fuelNote_, "noticeInfo");
+    fuel->AddWidget(fuelNote_);
     fuel->AddStretch();
     AddPanel(Panel::project, new ProjectPanel(session_, QStringLiteral("fraData5"), tr("Project")));
     AddPanel(Panel::economics, new EconomicsPanel(session_, QStringLiteral("fraData6"), tr("Economics")));
     installedCost_ = new InstalledCostPanel(session_, QStringLiteral("fraData7"), tr("Installed cost"));
     AddPanel(Panel::installedCost, installedCost_);
-    AddPanel(Panel::report, new ReportPanel(session_, QStringLiteral("fraData8"), tr("Report")));
+    report_ = new ReportPanel(session_, QStringLiteral("fraData8"), tr("Report"));
+    AddPanel(Panel::report, report_);
 
     const std::pair<Panel, MaterialKind> kinds[] = {{Panel::insulations, MaterialKind::insulation},
                                                     {Panel::baseMetals, MaterialKind::baseMetal},
@@ -163,6 +173,8 @@ void MainWindow::BuildPanels() {
         AddPage(panel, page);
         materials_.push_back(page);
     }
+    AddPage(Panel::guide, new GuidePage(session_.App().ProgramFolder(), this));
+    AddPage(Panel::about, new AboutPage(session_, this));
     resultsSide_ = new QScrollArea(side_);
     resultsSide_->setObjectName(QStringLiteral("fraData4"));
     resultsSide_->setAccessibleName(tr("Results"));
@@ -364,16 +376,25 @@ void MainWindow::ShowPosition(MenuPosition position) {
             materials->Refresh();
         }
     }
-    // One layers grid, wherever it is wanted.
-    PanelPage* const home = item->panel == Panel::insulation ? insulation_ : surface_;
-    if (layers_->parentWidget() != home->widget()) {
-        home->AddWidget(layers_);
-    }
+    PlaceSharedCards(item->panel);
     if (IsReportPanel(item->panel)) {
         summary_->SetKind(position.category == 3 ? tr("Pollutant Reduction") : tr("Cost of Energy"));
         summary_->Refresh();
     }
     Arrange();
+}
+
+void MainWindow::PlaceSharedCards(Panel panel) {
+    // One layers grid and one pair of temperatures, wherever they are wanted.
+    PanelPage* const home = panel == Panel::insulation ? insulation_ : surface_;
+    if (layers_->parentWidget() != home->widget()) {
+        home->AddWidget(layers_);
+    }
+    const bool makesTable = CalculationTypeOf(session_.TheJob()) == calculation_type::thicknessTable;
+    PanelPage* const place = makesTable && panel == Panel::surface ? surface_ : report_;
+    if (report_->Temperatures()->parentWidget() != place->widget()) {
+        place->AddWidget(report_->Temperatures());
+    }
 }
 
 void MainWindow::ShowPanel(Panel panel) {
@@ -387,6 +408,10 @@ void MainWindow::RefreshAll() {
         page->Refresh();
     }
     layers_->Refresh();
+    if (const MenuItem* const item = MenuItemAt(position_)) {
+        PlaceSharedCards(item->panel);
+    }
+    fuelNote_->setVisible(!IsShown(Field::Fuel, session_.TheJob(), session_.Records()));
     for (MaterialsPanel* const page : materials_) {
         if (page->isVisible()) {
             page->Refresh(); // the others do when they are shown

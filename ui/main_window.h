@@ -26,6 +26,7 @@ class MenuStrip;
 class PanelPage;
 class Rail;
 class ReportCommands;
+class ReportPanel;
 class ReportSummary;
 class ResultsView;
 
@@ -84,6 +85,7 @@ private:
 
     void Arrange();
     [[nodiscard]] bool IsWide() const;
+    void PlaceSharedCards(Panel panel);
     void RefreshAll();
     void ShowFindings();
     void ShowTitle();
@@ -122,9 +124,11 @@ private:
     ResultsView* results_ = nullptr;
     ReportSummary* summary_ = nullptr;
     LayersCard* layers_ = nullptr;
+    QLabel* fuelNote_ = nullptr;
     PanelPage* surface_ = nullptr;
     PanelPage* insulation_ = nullptr;
     InstalledCostPanel* installedCost_ = nullptr;
+    ReportPanel* report_ = nullptr;
     std::map<Panel, QWidget*> panels_;
     std::vector<PanelPage*> pages_;
     MaterialDeletions deletions_;

@@ -186,6 +186,9 @@ void MaterialsPanel::Refresh() {
     const std::int32_t selected = SelectedId();
     Fill();
     Select(selected);
+    if (SelectedId() == 0) {
+        grid_->selectRow(0);
+    }
     UpdateButtons();
 }
 
@@ -237,6 +240,14 @@ void MaterialsPanel::Fill() {
         break;
     }
     model_->setHorizontalHeaderLabels(headings);
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        // A heading stands over its figures.
+        if (const QStandardItem* const cell = model_->item(0, column)) {
+            model_->horizontalHeaderItem(column)->setTextAlignment(
+                cell->textAlignment().testFlag(Qt::AlignRight) ? Qt::AlignRight | Qt::AlignVCenter
+                                                               : Qt::AlignLeft | Qt::AlignVCenter);
+        }
+    }
     grid_->resizeColumnsToContents();
     grid_->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
 }

@@ -5,6 +5,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace kaloria {
 
 PanelPage::PanelPage(Session& session, const QString& objectName, const QString& title, QWidget* parent)
@@ -44,8 +46,14 @@ void PanelPage::AddStretch() { layout_->addStretch(1); }
 void PanelPage::AddFilling(QWidget* widget) { layout_->addWidget(widget, 1); }
 
 void PanelPage::Refresh() {
+    int widest = theme::labelWidth;
     for (FieldCard* const card : cards_) {
         card->Refresh();
+        widest = std::max(widest, card->LabelWidth());
+    }
+    // One column of fields through all cards of the panel.
+    for (FieldCard* const card : cards_) {
+        card->SetLabelWidth(widest);
     }
 }
 

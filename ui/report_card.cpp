@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace kaloria {
 
 namespace {
@@ -85,7 +87,8 @@ void ReportCard::Refresh() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(3);
-    const auto rows = static_cast<int>((result.panel.size() + 1) / 2);
+    const auto columns = static_cast<std::size_t>(columns_);
+    const int rows = std::max(1, static_cast<int>((result.panel.size() + columns - 1) / columns));
     int place = 0;
     for (const PanelLine& line : result.panel) {
         auto* const caption = new QLabel(ToQt(line.caption), lines_);
@@ -97,11 +100,19 @@ void ReportCard::Refresh() {
         grid->addWidget(ValueLabel(line), place % rows, place / rows * 2 + 1);
         ++place;
     }
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
+    for (int column = 0; column < columns_; ++column) {
+        grid->setColumnStretch(column * 2 + 1, 1);
+    }
     qobject_cast<QVBoxLayout*>(layout())->insertWidget(1, lines_);
     audit_->setVisible(result.done);
     ShowAuditPath();
+}
+
+void ReportCard::SetColumns(int columns) {
+    if (columns != columns_) {
+        columns_ = columns;
+        Refresh();
+    }
 }
 
 void ReportCard::ShowAuditPath() {

@@ -21,6 +21,9 @@ public:
     /// Shows the panel lines of the answer.
     void Refresh();
 
+    /// In how many columns the lines stand.
+    void SetColumns(int columns);
+
 Q_SIGNALS:
     void Appended(const QString& message);
 
@@ -32,6 +35,7 @@ private:
     QLabel* ValueLabel(const PanelLine& line);
 
     Session& session_;
+    int columns_ = 2;
     QLabel* title_ = nullptr;
     QWidget* lines_ = nullptr;
     QWidget* audit_ = nullptr;

@@ -6,10 +6,12 @@
 #include "application/table_report.h"
 #include "application/thickness_table.h"
 #include "data/atomic_file.h"
+#include "reports/report_pages.h"
 #include "ui/file_dialogs.h"
 #include "ui/progress_window.h"
 #include "ui/report_panels.h"
 #include "ui/theme.h"
+#include "ui/viewer/view_report.h"
 
 #include <QFileInfo>
 #include <QMessageBox>
@@ -25,7 +27,7 @@ QString ReportFilter() { return QObject::tr("Kaloria Report (*.rtf)"); }
 ReportCommands::ReportCommands(Session& session, InstalledCostPanel& items, QWidget& window)
     : QObject(&window), session_(session), items_(items), window_(window) {}
 
-QWidget* ReportCommands::Viewer() const { return viewer_; }
+FrmViewReport* ReportCommands::Viewer() const { return viewer_; }
 
 QString ReportCommands::ReportPath() const {
     const QString path = ToQt(session_.TheJob()[Field::Path]).trimmed();
@@ -76,9 +78,24 @@ void ReportCommands::ShowFindings(const std::vector<Finding>& findings) {
     }
 }
 
+FrmViewReport& ReportCommands::ShownViewer() {
+    if (viewer_ == nullptr) {
+        viewer_ = new FrmViewReport(&window_);
+        viewer_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    viewer_->show();
+    viewer_->raise();
+    viewer_->activateWindow();
+    return *viewer_;
+}
+
 void ReportCommands::Show(const QString& path, bool print) {
-    static_cast<void>(print);
+    FrmViewReport& viewer = ShownViewer();
+    viewer.LoadReport(path);
     Q_EMIT Said(tr("Saved as %1").arg(path));
+    if (print) {
+        viewer.Print();
+    }
 }
 
 void ReportCommands::MakeReport(bool environmental) {
@@ -118,10 +135,15 @@ void ReportCommands::ExportShortReport() {
 }
 
 void ReportCommands::PrintShortReport() {
-    // The viewer prints from a file; it lies where the program keeps its own.
-    const QString path = files::ToQt(session_.App().ProgramFolder() / "NewReport.rtf");
-    if (kaloria::ExportShortReport(session_.App(), session_.Result(), files::FromQt(path))) {
-        Show(path, true);
+    try {
+        FrmViewReport& viewer = ShownViewer();
+        viewer.ShowReport(
+            MakeShortReport(LoadTemplate(session_.App().ProgramFolder(), "ShortReportTemplate.rtf"),
+                            session_.Result(), session_.TheJob()),
+            QStringLiteral("NewReport.rtf"));
+        viewer.Print();
+    } catch (const std::exception& error) { // of the template, which people may exchange
+        session_.Messages().Show(error.what());
     }
 }
 

@@ -35,12 +35,13 @@ public:
     void MakeTable();
 
     /// The window of the last report; null when none is open.
-    [[nodiscard]] QWidget* Viewer() const;
+    [[nodiscard]] FrmViewReport* Viewer() const;
 
 Q_SIGNALS:
     void Said(const QString& message);
 
 private:
+    FrmViewReport& ShownViewer();
     void Show(const QString& path, bool print);
     [[nodiscard]] QString ReportPath() const;
     bool SaveReport(const std::string& rtf, QString& path);
@@ -49,7 +50,7 @@ private:
     Session& session_;
     InstalledCostPanel& items_;
     QWidget& window_;
-    QPointer<QWidget> viewer_;
+    QPointer<FrmViewReport> viewer_;
 };
 
 } // namespace kaloria

@@ -154,6 +154,7 @@ QWidget* InstalledCostPanel::BuildSurfaces() {
         SmallButton(tr("&Tick range"), "cmdSelectRange", tr("Tick these positions and no others"), card);
     row->addWidget(all);
     row->addWidget(none);
+    range_->setMinimumWidth(80);
     row->addWidget(range_, 1);
     row->addWidget(select);
     card->Content()->addLayout(row);
@@ -288,8 +289,9 @@ ReportPanel::ReportPanel(Session& session, const QString& objectName, const QStr
     theme::SetRole(*note, "quiet");
     kind->Content()->addWidget(note);
     AddWidget(kind);
-    AddFields(tr("Temperatures"), {Field::ReportStartingTemperature, Field::ReportTemperatureIncrement});
     AddFields(tr("Afterwards"), {Field::PrintReport});
+    temperatures_ =
+        AddFields(tr("Temperatures"), {Field::ReportStartingTemperature, Field::ReportTemperatureIncrement});
     AddStretch();
 }
 

@@ -76,8 +76,12 @@ public:
     ReportPanel(Session& session, const QString& objectName, const QString& title);
     void Refresh() override;
 
+    /// The temperatures, which the thickness table has in common with the reports.
+    [[nodiscard]] FieldCard* Temperatures() const { return temperatures_; }
+
 private:
     OptionPair* layout_ = nullptr;
+    FieldCard* temperatures_ = nullptr;
 };
 
 } // namespace kaloria

@@ -19,6 +19,7 @@ void ResultsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const theme::Colors& colors = theme::Current();
     const QVariant ground = index.data(Qt::BackgroundRole);
     const QVariant font = index.data(Qt::FontRole);
+    const QVariant alignment = index.data(Qt::TextAlignmentRole);
     const QVariant text = index.data(Qt::ForegroundRole);
     painter->save();
     painter->fillRect(option.rect, ground.isValid()                                ? ground.value<QColor>()
@@ -32,7 +33,8 @@ void ResultsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setFont(font.isValid() ? font.value<QFont>() : option.font);
     painter->setPen(text.isValid() ? text.value<QColor>() : colors.text);
     painter->drawText(option.rect.adjusted(sidePadding, 0, -sidePadding, 0),
-                      index.data(Qt::TextAlignmentRole).toInt(), index.data().toString());
+                      alignment.isValid() ? alignment.toInt() : Qt::AlignLeft | Qt::AlignVCenter,
+                      index.data().toString());
     painter->restore();
 }
 

@@ -26,6 +26,8 @@ namespace kaloria {
 namespace {
 
 constexpr int rowHeight = 23;
+constexpr int wideView = 980;
+constexpr std::size_t longFigure = 15;
 
 const char* NoticeRole(Severity severity) {
     switch (severity) {
@@ -71,15 +73,22 @@ ResultsView::ResultsView(Session& session, QWidget* parent) : QWidget(parent), s
     pictures_->setSpacing(theme::cardGap);
     layout->addWidget(fraPictures_);
     fraPictures_->hide();
-    layout->addWidget(BuildGrid());
+    columns_ = new QBoxLayout(QBoxLayout::TopToBottom);
+    columns_->setSpacing(theme::cardGap);
+    auto* const answer = new QVBoxLayout;
+    answer->setSpacing(theme::cardGap);
+    columns_->addLayout(answer, 3);
+    layout->addLayout(columns_);
+    answer->addWidget(BuildGrid());
     notices_ = new QWidget(this);
     notices_->setObjectName(QStringLiteral("fraFindings"));
     auto* const notices = new QVBoxLayout(notices_);
     notices->setContentsMargins(0, 0, 0, 0);
     notices->setSpacing(6);
-    layout->addWidget(notices_);
+    answer->addWidget(notices_);
+    answer->addStretch(1);
     report_ = new ReportCard(session_, this);
-    layout->addWidget(report_);
+    columns_->addWidget(report_, 2, Qt::AlignTop);
     layout->addStretch(1);
     connect(report_, &ReportCard::Appended, this, &ResultsView::Said);
     connect(&session_, &Session::Calculated, this, &ResultsView::ShowResult);
@@ -185,7 +194,11 @@ void ResultsView::ShowFigures(int row) {
         const HeadlineFigure figure = i < shown.size() ? shown[i] : HeadlineFigure{};
         const bool isMet = figure.goal == HeadlineFigure::Goal::met;
         theme::SetRole(*card.card, isMet ? "metCard" : "card");
-        const QFont font = theme::FigureFont();
+        // A long figure in smaller type is better than half a figure.
+        QFont font = theme::FigureFont();
+        if (figure.text.size() + figure.unit.size() > longFigure) {
+            font.setPointSizeF(font.pointSizeF() * 0.75);
+        }
         const QColor color = isMet ? theme::Current().met : theme::Current().text;
         card.caption->setText(ToQt(figure.caption));
         card.caption->setToolTip(ToQt(figure.caption));
@@ -270,6 +283,15 @@ void ResultsView::FitGrid() {
     const int bar = fits ? 0 : grid_->horizontalScrollBar()->sizeHint().height();
     grid_->setFixedHeight(header.sizeHint().height() +
                           model_.rowCount() * grid_->verticalHeader()->defaultSectionSize() + bar + 2);
+}
+
+void ResultsView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // In a wide window the words stand beside the figures.
+    const bool isWide = width() >= wideView;
+    columns_->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    columns_->setAlignment(report_, isWide ? Qt::AlignTop : Qt::Alignment());
+    report_->SetColumns(isWide ? 1 : 2);
 }
 
 void ResultsView::CopyGrid() const { QApplication::clipboard()->setText(ToQt(GridAsTabText(model_.Grid()))); }

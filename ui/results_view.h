@@ -8,6 +8,7 @@
 
 #include <array>
 
+class QBoxLayout;
 class QHBoxLayout;
 class QLabel;
 class QTableView;
@@ -36,6 +37,7 @@ Q_SIGNALS:
     void Said(const QString& message);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -59,6 +61,7 @@ private:
     std::array<FigureCard, 4> figures_;
     QWidget* fraPictures_ = nullptr;
     QHBoxLayout* pictures_ = nullptr;
+    QBoxLayout* columns_ = nullptr;
     QTableView* grid_ = nullptr;
     QLabel* stale_ = nullptr;
     QWidget* notices_ = nullptr;

@@ -12,7 +12,7 @@
 #include <optional>
 
 /// Pictures of a static library have to be asked for, and outside of any namespace.
-static void LoadChevrons() { Q_INIT_RESOURCE(chevrons); }
+static void LoadMarks() { Q_INIT_RESOURCE(marks); }
 
 namespace kaloria::theme {
 
@@ -121,7 +121,7 @@ QLineEdit:read-only { background: {background}; }
 QLineEdit:disabled, QComboBox:disabled { background: {background}; color: {quiet}; }
 QLineEdit[wrong="true"], QComboBox[wrong="true"] { border: 1px solid {wrong}; background: {wrongGround}; }
 QComboBox::drop-down { border: none; width: 20px; }
-QComboBox::down-arrow { image: url(:/chevrons/down-{scheme}.png); width: 12px; height: 12px; }
+QComboBox::down-arrow { image: url(:/marks/down-{scheme}.png); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { background: {panel}; color: {text}; border: 1px solid {line}; outline: none;
     selection-background-color: {accentSoft}; selection-color: {text}; }
 
@@ -135,6 +135,15 @@ QPushButton[role="primary"]:disabled, QPushButton:default:disabled { background:
 QPushButton[role="primary"]:focus, QPushButton:default:focus { border: 2px solid {text}; padding: 4px 13px; }
 QPushButton[role="link"] { background: transparent; border: 1px solid transparent; color: {second}; padding: 2px 4px; }
 QPushButton[role="link"]:focus { border: 1px solid {second}; }
+
+QCheckBox, QRadioButton { spacing: 7px; }
+QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid {quiet}; background: {panel}; }
+QCheckBox::indicator { border-radius: 3px; }
+QRadioButton::indicator { border-radius: 7px; }
+QCheckBox::indicator:checked { background: {accent}; border: 1px solid {accent}; image: url(:/marks/check-{scheme}.png); }
+QRadioButton::indicator:checked { border: 1px solid {accent};
+    background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5, stop: 0 {accent}, stop: 0.55 {accent}, stop: 0.65 {panel}, stop: 1 {panel}); }
+QCheckBox:focus, QRadioButton:focus { color: {accent}; }
 
 QTableView, QTableWidget, QTreeView, QListView { background: {panel}; color: {text}; border: none; gridline-color: {line};
     selection-background-color: {accentSoft}; selection-color: {text}; outline: none; }
@@ -184,7 +193,7 @@ QString SheetOf(const Colors& c) {
 }
 
 void Apply(Scheme wanted) {
-    LoadChevrons();
+    LoadMarks();
     scheme = wanted;
     QApplication::setPalette(PaletteOf(Current()));
     qApp->setStyleSheet(SheetOf(Current()));

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/help_pages.h"
+
+#include "application/disclaimer_text.h"
+#include "data/atomic_file.h"
+#include "ui/field_card.h"
+#include "ui/file_dialogs.h"
+#include "ui/minor_windows.h"
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QTextBlock>
+#include <QTextFragment>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kaloria {
+
+namespace {
+constexpr std::size_t longestGuide = 4u << 20u;
+constexpr int widestPicture = 900;
+constexpr int readableWidth = 760;
+} // namespace
+
+GuidePage::GuidePage(const std::filesystem::path& programFolder, QWidget* parent)
+    : QTextBrowser(parent), file_(programFolder / "user-guide.md") {
+    setObjectName(QStringLiteral("fraData13"));
+    setAccessibleName(tr("Guide"));
+    setOpenExternalLinks(true);
+    setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(theme::pageMargin);
+}
+
+void GuidePage::showEvent(QShowEvent* event) {
+    QTextBrowser::showEvent(event);
+    if (!isLoaded_) {
+        isLoaded_ = true; // not at start-up: pictures take their time
+        Load();
+    }
+}
+
+void GuidePage::Load() {
+    try {
+        const std::string text = ReadFile(file_, longestGuide);
+        document()->setBaseUrl(QUrl::fromLocalFile(files::ToQt(file_.parent_path()) + u'/'));
+        setMarkdown(ToQt(text));
+    } catch (const FileError&) {
+        setPlainText(tr("The guide is not there: %1").arg(files::ToQt(file_)));
+    }
+}
+
+QVariant GuidePage::loadResource(int type, const QUrl& name) {
+    const QVariant found = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::ImageResource) {
+        return found;
+    }
+    // Pictures of the whole window are wider than a page of text.
+    const QImage picture = found.metaType().id() == QMetaType::QByteArray
+                               ? QImage::fromData(found.toByteArray())
+                               : found.value<QImage>();
+    return picture.width() > widestPicture ? picture.scaledToWidth(widestPicture, Qt::SmoothTransformation)
+                                           : picture;
+}
+
+AboutPage::AboutPage(Session& session, QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("fraData14"));
+    setAccessibleName(tr("About"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const card = new Card(tr("Kaloria %1").arg(QApplication::applicationVersion()), this);
+    card->setMaximumWidth(readableWidth);
+    auto* const what = new QLabel(tr("Engineering calculator for industrial thermal insulation"), card);
+    what->setFont(theme::HeadingFont());
+    card->Content()->addWidget(what);
+    auto* const title = new QLabel(ToQt(disclaimerTitle), card);
+    theme::SetRole(*title, "cardTitle");
+    card->Content()->addWidget(title);
+    auto* const text = new QLabel(ToQt(disclaimerText), card);
+    text->setWordWrap(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    card->Content()->addWidget(text);
+    auto* const row = new QHBoxLayout;
+    auto* const about = new QPushButton(tr("A&bout Kaloria..."), card);
+    about->setObjectName(QStringLiteral("cmdAbout"));
+    about->setAccessibleName(tr("About Kaloria"));
+    row->addWidget(about);
+    row->addStretch(1);
+    card->Content()->addLayout(row);
+    connect(about, &QPushButton::clicked, this, [this, &session] { windows::ShowAbout(session, window()); });
+    layout->addWidget(card);
+    layout->addStretch(1);
+}
+
+} // namespace kaloria
