@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <string>
+#include <string_view>
 
 namespace kaloria {
 
@@ -25,7 +27,8 @@ constexpr double largeDeviation = 0.05; // of the measured conductivity
 /// Checks one curve.
 class CurveCheck {
 public:
-    CurveCheck(const CInsulation& record, const std::vector<CTemperaturePoint>& points) : points_(points) {
+    CurveCheck(const CInsulation& record, const std::vector<CTemperaturePoint>& points, Units units)
+        : points_(points), units_(units) {
         check_.curve = record;
     }
 
@@ -48,6 +51,20 @@ private:
     void Add(Severity severity, const char* subject, fmt::format_string<Args...> text, Args&&... args) {
         check_.findings.push_back({severity, subject, fmt::format(text, std::forward<Args>(args)...)});
     }
+
+    [[nodiscard]] std::string Temperature(double degF) const {
+        return fmt::format("{} {}", TemperatureNumber(degF), InfoOf(Quantity::temperature).Text(units_));
+    }
+    /// Without the unit. What was entered in degC comes back as it was, whatever its rounding in degF.
+    [[nodiscard]] std::string TemperatureNumber(double degF) const {
+        constexpr double tenths = 10;
+        const double shown = FromEnglish(Quantity::temperature, units_, degF);
+        return fmt::format("{:g}", units_ == Units::si ? std::round(shown * tenths) / tenths : shown);
+    }
+    [[nodiscard]] double K(double english) const {
+        return FromEnglish(Quantity::conductivity, units_, english);
+    }
+    [[nodiscard]] std::string_view UnitOfK() const { return InfoOf(Quantity::conductivity).Text(units_); }
 
     /// @param fit  the curve is made from them: they have to determine it
     void CheckPoints(bool fit) {
@@ -74,11 +91,11 @@ private:
             Fail(pointsField, "A temperature is missing or below absolute zero.");
         } else if (!std::isfinite(point.Conductivity) || !(point.Conductivity > 0.0F)) {
             Fail(pointsField,
-                 fmt::format("At {:g} °F the conductivity has to be above 0.", point.Temperature));
+                 fmt::format("At {} the conductivity has to be above 0.", Temperature(point.Temperature)));
         } else if (point.Conductivity < unusuallyLow || point.Conductivity > unusuallyHigh) {
             Add(Severity::warning, pointsField,
-                "At {:g} °F the conductivity of {:g} is unusual; it counts in BTU*in/hr*sf*°F.",
-                point.Temperature, point.Conductivity);
+                "At {} the conductivity of {:.3g} is unusual; it counts in {}.",
+                Temperature(point.Temperature), K(point.Conductivity), UnitOfK());
         }
     }
 
@@ -87,10 +104,11 @@ private:
             return;
         }
         if (point.Conductivity != next.Conductivity) {
-            Fail(pointsField,
-                 fmt::format("{:g} °F stands twice, with different conductivities.", point.Temperature));
+            Fail(pointsField, fmt::format("{} stands twice, with different conductivities.",
+                                          Temperature(point.Temperature)));
         } else {
-            Add(Severity::warning, pointsField, "{:g} °F stands twice and counts twice.", point.Temperature);
+            Add(Severity::warning, pointsField, "{} stands twice and counts twice.",
+                Temperature(point.Temperature));
         }
     }
 
@@ -136,8 +154,8 @@ private:
                                 [](const auto& a, const auto& b) { return a.Temperature < b.Temperature; });
         if (check_.curve.MinTemp < low->Temperature || check_.curve.MaxTemp > high->Temperature) {
             Add(Severity::information, pointsField,
-                "The points cover {:g} to {:g} °F; beyond, the curve is continued.", low->Temperature,
-                high->Temperature);
+                "The points cover {} to {}; beyond, the curve is continued.",
+                TemperatureNumber(low->Temperature), Temperature(high->Temperature));
         }
     }
 
@@ -158,12 +176,12 @@ private:
         }
         if (!(check_.lowestK > 0.0) || !std::isfinite(check_.highestK)) {
             Add(Severity::error, points_.empty() ? "A" : pointsField,
-                "The curve gives a conductivity of {:.3g} at {:.0f} °F, which no material has.",
-                check_.lowestK, lowestTemp);
+                "The curve gives a conductivity of {:.3g} at {}, which no material has.", K(check_.lowestK),
+                Temperature(std::round(lowestTemp)));
         } else if (points_.empty() && (check_.lowestK < unusuallyLow || check_.highestK > unusuallyHigh)) {
             Add(Severity::warning, "A",
-                "The curve runs from {:.3g} to {:.3g}, which is unusual; it counts in BTU*in/hr*sf*°F.",
-                check_.lowestK, check_.highestK);
+                "The curve runs from {:.3g} to {:.3g}, which is unusual; it counts in {}.", K(check_.lowestK),
+                K(check_.highestK), UnitOfK());
         }
     }
 
@@ -185,6 +203,7 @@ private:
     }
 
     const std::vector<CTemperaturePoint>& points_;
+    Units units_;
     ConductivityCheck check_;
     bool sound_ = true;
 };
@@ -200,12 +219,13 @@ void CheckCoefficients(const CInsulation& record, ConductivityCheck& check) {
 
 } // namespace
 
-ConductivityCheck CheckConductivity(const CInsulation& record) {
-    return record.TemperaturePoints.empty() ? CheckPolynomial(record, noPoints)
-                                            : CurveCheck(record, record.TemperaturePoints).Run(true);
+ConductivityCheck CheckConductivity(const CInsulation& record, Units units) {
+    return record.TemperaturePoints.empty() ? CheckPolynomial(record, noPoints, units)
+                                            : CurveCheck(record, record.TemperaturePoints, units).Run(true);
 }
 
-ConductivityCheck CheckPolynomial(const CInsulation& record, const std::vector<CTemperaturePoint>& evidence) {
+ConductivityCheck CheckPolynomial(const CInsulation& record, const std::vector<CTemperaturePoint>& evidence,
+                                  Units units) {
     ConductivityCheck check;
     check.hasCurve = true;
     CheckCoefficients(record, check);
@@ -213,12 +233,12 @@ ConductivityCheck CheckPolynomial(const CInsulation& record, const std::vector<C
         check.curve = record;
         return check;
     }
-    ConductivityCheck held = CurveCheck(record, evidence).Run(false);
+    ConductivityCheck held = CurveCheck(record, evidence, units).Run(false);
     if (held.hasCurve || evidence.empty()) {
         return held;
     }
     // The points are unsound, the polynomial stands without them.
-    check = CurveCheck(record, noPoints).Run(false);
+    check = CurveCheck(record, noPoints, units).Run(false);
     check.findings.insert(check.findings.begin(), held.findings.begin(), held.findings.end());
     return check;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "application/finding.h"
+#include "data/quantity.h"
 #include "engine/insulation.h"
 
 #include <vector>
@@ -24,11 +25,13 @@ struct ConductivityCheck {
 
 /// The fit of the points (or the polynomial of a material without points) and what is wrong or doubtful about
 /// it. Never throws for anything in @p record.
-[[nodiscard]] ConductivityCheck CheckConductivity(const CInsulation& record);
+/// @param units  in which the findings speak
+[[nodiscard]] ConductivityCheck CheckConductivity(const CInsulation& record, Units units = Units::english);
 
 /// The same with given coefficients held against points that serve as evidence alone.
 [[nodiscard]] ConductivityCheck CheckPolynomial(const CInsulation& record,
-                                                const std::vector<CTemperaturePoint>& evidence);
+                                                const std::vector<CTemperaturePoint>& evidence,
+                                                Units units = Units::english);
 
 /// Points by rising temperature.
 void SortPoints(std::vector<CTemperaturePoint>& points);

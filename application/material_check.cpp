@@ -60,11 +60,14 @@ void CheckEmittance(float emittance, Findings& findings) {
 
 bool IsServiceTemp(float temp) { return temp >= coldest && temp <= hottest; }
 
-void CheckLimits(const CInsulation& record, Findings& findings) {
+void CheckLimits(const CInsulation& record, Units units, Findings& findings) {
     for (const auto& [subject, temp] : {std::pair{"MinTemp", record.MinTemp}, {"MaxTemp", record.MaxTemp}}) {
         if (!IsServiceTemp(temp)) {
             Fail(findings, subject,
-                 fmt::format("The limit has to be within {:g} to {:g} °F.", coldest, hottest));
+                 fmt::format("The limit has to be within {:g} to {:g} {}.",
+                             FromEnglish(Quantity::temperature, units, coldest),
+                             FromEnglish(Quantity::temperature, units, hottest),
+                             InfoOf(Quantity::temperature).Text(units)));
         }
     }
     if (record.MaxTemp < record.MinTemp) {
@@ -125,12 +128,12 @@ void CheckPollutants(const CFuel& record, Findings& findings) {
 
 std::span<const FuelUnitPair> FuelUnitPairs() { return unitPairs; }
 
-Findings CheckRecord(const Catalogue& catalogue, const CInsulation& record) {
+Findings CheckRecord(const Catalogue& catalogue, const CInsulation& record, Units units) {
     Findings findings;
     CheckName(catalogue.Insulations, record, findings);
-    CheckLimits(record, findings);
+    CheckLimits(record, units, findings);
     CheckType(record, findings);
-    const ConductivityCheck curve = CheckConductivity(record);
+    const ConductivityCheck curve = CheckConductivity(record, units);
     findings.insert(findings.end(), curve.findings.begin(), curve.findings.end());
     return findings;
 }

@@ -82,7 +82,9 @@ private:
 
 /// Everything wrong or doubtful in a record that is being edited; the subject of a finding is the name of the
 /// record's field ("Name", "Emittance", "TemperaturePoints"). Errors stand in the way of accepting it.
-[[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CInsulation& record);
+/// @param units  in which the findings speak
+[[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CInsulation& record,
+                                               Units units = Units::english);
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CBaseMetal& record);
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CJacketMaterial& record);
 [[nodiscard]] std::vector<Finding> CheckRecord(const Catalogue& catalogue, const CFuel& record);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/about_box.h"
 
+#include "ui/dialogs/grow.h"
 #include "ui/dialogs/system_information.h"
 #include "ui/theme.h"
 
@@ -68,7 +69,6 @@ AboutBox::AboutBox(CApplication& application, QWidget* parent) : QDialog(parent)
     constexpr int width = 520;
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(tr("About Kaloria"));
-    setMinimumWidth(width);
     auto* const page = new QVBoxLayout(this);
     page->setContentsMargins(2 * theme::pageMargin, 2 * theme::pageMargin, 2 * theme::pageMargin,
                              theme::pageMargin);
@@ -94,6 +94,7 @@ AboutBox::AboutBox(CApplication& application, QWidget* parent) : QDialog(parent)
     foot->addWidget(close);
     page->addLayout(foot);
     close->setFocus();
+    FitHeight(*this, width);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     connect(information, &QPushButton::clicked, this,
             [this, &application] { SystemInformationDialog(SystemInformation(application), this).exec(); });

@@ -85,6 +85,11 @@ void ConductivityPlot::paintEvent(QPaintEvent* /*event*/) {
     const int left = metrics.horizontalAdvance(QStringLiteral("0.0000")) + theme::gap;
     const QRectF area(left, 2.0 * metrics.height(), width() - left - 2.0 * theme::gap,
                       height() - 4.5 * metrics.height());
+    if (!check_.hasCurve && points_.empty()) {
+        painter.setPen(theme::Current().quiet);
+        painter.drawText(rect(), Qt::AlignCenter, tr("The curve shows here as soon as there is one."));
+        return;
+    }
     DrawAxes(painter, area);
     if (check_.hasCurve) {
         DrawCurve(painter, area);

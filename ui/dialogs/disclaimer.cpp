@@ -2,6 +2,7 @@
 #include "ui/dialogs/disclaimer.h"
 
 #include "application/disclaimer_text.h"
+#include "ui/dialogs/grow.h"
 #include "ui/theme.h"
 
 #include <QCheckBox>
@@ -16,7 +17,6 @@ Disclaimer::Disclaimer(SettingsStore& settings, QWidget* parent) : QDialog(paren
     constexpr int width = 560;
     setObjectName(QStringLiteral("frmDisclaimer"));
     setWindowTitle(QStringLiteral("Kaloria"));
-    setMinimumWidth(width);
     auto* const page = new QVBoxLayout(this);
     page->setContentsMargins(2 * theme::pageMargin, 2 * theme::pageMargin, 2 * theme::pageMargin,
                              theme::pageMargin);
@@ -45,6 +45,7 @@ Disclaimer::Disclaimer(SettingsStore& settings, QWidget* parent) : QDialog(paren
     foot->addWidget(accept);
     page->addLayout(foot);
     accept->setFocus();
+    FitHeight(*this, width);
     connect(accept, &QPushButton::clicked, this, &QDialog::accept);
     connect(this, &QDialog::finished, this, [&settings, show] {
         settings.Set(setting::section, setting::showDisclaimer,

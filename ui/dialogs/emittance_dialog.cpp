@@ -56,7 +56,7 @@ EmittanceDialog<Record>::EmittanceDialog(const Catalogue& catalogue, Record reco
     theme::SetRole(*hint, "quiet");
     grid.addWidget(hint, grid.rowCount(), 0, 1, 3);
     grid.setRowStretch(grid.rowCount(), 1);
-    setMinimumWidth(460);
+    resize(460, 0);
     Recheck();
     name_->Control()->setFocus();
 }
@@ -65,7 +65,7 @@ template <class Record>
 Record EmittanceDialog<Record>::Edited() const {
     Record record = record_;
     record.Name = FromQt(name_->Text());
-    record.Emittance = static_cast<float>(emittance_->Value().value_or(0));
+    record.Emittance = English(*emittance_, Quantity::emittance, record_.Emittance);
     record.Active = active_->isChecked();
     return record;
 }

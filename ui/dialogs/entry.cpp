@@ -2,6 +2,7 @@
 #include "ui/dialogs/entry.h"
 
 #include "data/number_format.h"
+#include "data/value_text.h"
 #include "engine/number_text.h"
 #include "ui/theme.h"
 
@@ -41,7 +42,7 @@ QString NotANumber(const QString& text) {
     return ParseNumber(FromQt(text)) ? QString() : Entry::tr("\"%1\" is not a number.").arg(text.trimmed());
 }
 
-QString ShortText(double value) { return ToQt(FormatNumber(value, NumberFormat::shortest)); }
+QString ShortText(double value) { return ToQt(value_text::RealText(static_cast<float>(value))); }
 
 QString RoundedText(double value, int decimals) {
     std::string text = FormatFixed(value, decimals);
@@ -63,7 +64,7 @@ Entry::Entry(QGridLayout& grid, const QString& subject, const QString& label, QW
       problem_(new QLabel) {
     name_.remove(u'&').remove(u':');
     label_->setBuddy(control_);
-    label_->setMinimumWidth(theme::labelWidth - 2 * theme::gap);
+    label_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     theme::SetRole(*unit_, "quiet");
     unit_->hide();
     problem_->setObjectName(QStringLiteral("lbl%1Problem").arg(subject_));
@@ -133,6 +134,7 @@ void Entry::SetShown(bool shown) {
 TextEntry::TextEntry(QGridLayout& grid, const QString& subject, const QString& label, const QString& text)
     : Entry(grid, subject, label, NewLine(subject, false)), line_(qobject_cast<QLineEdit*>(Control())) {
     line_->setText(text);
+    line_->setCursorPosition(0);
 }
 
 QString TextEntry::Text() const { return line_->text().trimmed(); }

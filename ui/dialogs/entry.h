@@ -70,8 +70,8 @@ private:
     QLineEdit* line_;
 };
 
-/// A number in the units that are shown. What was not edited comes back as exactly the number that went in,
-/// whatever its display rounds.
+/// A number in the units that are shown, with as many digits as one wants to read. Ask IsEdited before taking
+/// Value over: what was not edited shall stay exactly what it was.
 class NumberEntry final : public Entry {
     Q_OBJECT
 
@@ -80,7 +80,7 @@ public:
 
     /// Shows @p value with the digits of @p text. Empty until then.
     void SetValue(double value, const QString& text);
-    /// Nothing when the text is no number.
+    /// In the units shown; nothing when the text is no number.
     [[nodiscard]] std::optional<double> Value() const;
     [[nodiscard]] bool IsEdited() const;
     [[nodiscard]] QString Unreadable() const override;

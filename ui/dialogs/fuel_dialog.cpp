@@ -27,6 +27,7 @@ FuelDialog::FuelDialog(const Catalogue& catalogue, const CFuel& record, Units un
     BuildFuel();
     BuildPollutants();
     ShowUnits();
+    resize(760, 0);
     Recheck();
     (isSystem_ ? cost_->Control() : name_->Control())->setFocus();
 }
@@ -64,7 +65,9 @@ void FuelDialog::BuildPollutants() {
     Columns().addLayout(column, 1);
     QGridLayout& grid = AddCard(tr("Pollutants"), column);
     pollutants_ = new PollutantsGrid(catalogue_, record_);
-    pollutants_->setEnabled(!isSystem_);
+    if (isSystem_) {
+        pollutants_->Lock();
+    }
     connect(pollutants_, &PollutantsGrid::Changed, this, &FuelDialog::Changed);
     grid.addWidget(pollutants_, 1, 0, 1, 3);
     auto* const hint = new QLabel(
@@ -113,14 +116,20 @@ CFuel FuelDialog::Edited() const {
     const bool isSI = InUnits() == Units::si;
     const double cost = cost_->Value().value_or(0);
     const double heat = heat_->Value().value_or(0);
-    record.Cost = static_cast<float>(isSI ? FuelCostToEnglish(Measure(), cost) : cost);
-    record.BTU = static_cast<float>(isSI ? HeatContentToEnglish(Measure(), heat) : heat);
-    record.ConversionEfficiency = static_cast<float>(efficiency_->Value().value_or(0));
+    // A number stands as it is read: in another measure it is another price.
+    const bool isOtherMeasure = record.CostUnits != record_.CostUnits;
+    if (cost_->IsEdited() || isOtherMeasure) {
+        record.Cost = static_cast<float>(isSI ? FuelCostToEnglish(Measure(), cost) : cost);
+    }
+    if (heat_->IsEdited() || isOtherMeasure) {
+        record.BTU = static_cast<float>(isSI ? HeatContentToEnglish(Measure(), heat) : heat);
+    }
+    record.ConversionEfficiency = English(*efficiency_, Quantity::percent, record_.ConversionEfficiency);
     record.Active = active_->isChecked();
     if (pollutants_ != nullptr && !isSystem_) {
         record.Pollutants = pollutants_->Pollutants();
     }
-    if (isNew_ || record.CostUnits != record_.CostUnits || record.BTU != record_.BTU) {
+    if (isNew_ || isOtherMeasure || record.BTU != record_.BTU) {
         record.UnitCostFactor = static_cast<float>(UnitCostFactorOf(record.CostUnits, record.BTU));
     }
     return record;

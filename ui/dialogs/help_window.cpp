@@ -3,6 +3,7 @@
 
 #include "application/visible_fields.h"
 #include "data/field_check.h"
+#include "ui/dialogs/grow.h"
 #include "ui/theme.h"
 
 #include <QGridLayout>
@@ -16,7 +17,7 @@ HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent, Qt::Tool) {
     setWindowTitle(tr("Help"));
     setModal(false);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    resize(380, 240);
+    resize(380, 200);
     auto* const page = new QVBoxLayout(this);
     page->setContentsMargins(theme::pageMargin, theme::pageMargin, theme::pageMargin, theme::pageMargin);
     page->setSpacing(theme::cardGap);
@@ -78,6 +79,7 @@ void HelpWindow::Explain(Field field, const Job& job, const Catalogue& catalogue
                          ? QString()
                          : ToQt(units == Units::si ? info.defaultTextSI : info.defaultText));
     SetFact(*name_, ToQt(info.element));
+    GrowToFit(*this);
 }
 
 void HelpWindow::Explain(const QString& title, const QString& text) {

@@ -50,6 +50,7 @@ InsulationDialog::InsulationDialog(const Catalogue& catalogue, const CInsulation
     BuildMaterial();
     BuildConductivity();
     BuildCheck();
+    resize(920, 0);
     ShowForm();
     name_->Control()->setFocus();
 }
@@ -173,15 +174,19 @@ CInsulation InsulationDialog::Edited() const {
     CInsulation record = record_;
     record.Name = FromQt(name_->Text());
     record.InsulationType = type_->currentData().toInt();
-    record.MinTemp = English(*minTemp_, Quantity::temperature, InUnits());
-    record.MaxTemp = English(*maxTemp_, Quantity::temperature, InUnits());
+    record.MinTemp = English(*minTemp_, Quantity::temperature, record_.MinTemp);
+    record.MaxTemp = English(*maxTemp_, Quantity::temperature, record_.MaxTemp);
     record.Active = active_->isChecked();
     if (points_->isChecked()) {
         record.TemperaturePoints = grid_->Points();
         SortPoints(record.TemperaturePoints);
         record = CheckConductivity(record).curve;
-    } else {
-        record.TemperaturePoints.clear();
+        return record;
+    }
+    record.TemperaturePoints.clear();
+    const bool isAsItWas =
+        record_.TemperaturePoints.empty() && !a_->IsEdited() && !b_->IsEdited() && !c_->IsEdited();
+    if (!isAsItWas) {
         const auto english = PolynomialToEnglish(
             InUnits(), {a_->Value().value_or(0), b_->Value().value_or(0), c_->Value().value_or(0)});
         record.A = static_cast<float>(english.a);
@@ -194,9 +199,9 @@ CInsulation InsulationDialog::Edited() const {
 std::vector<Finding> InsulationDialog::Findings() {
     const CInsulation record = Edited();
     const std::vector<CTemperaturePoint> points = grid_->Points();
-    std::vector<Finding> findings = CheckRecord(catalogue_, record);
-    ConductivityCheck check =
-        polynomial_->isChecked() ? CheckPolynomial(record, points) : CheckConductivity(record);
+    std::vector<Finding> findings = CheckRecord(catalogue_, record, InUnits());
+    ConductivityCheck check = polynomial_->isChecked() ? CheckPolynomial(record, points, InUnits())
+                                                       : CheckConductivity(record, InUnits());
     // Points that are held against a polynomial do not stand in its way.
     if (polynomial_->isChecked()) {
         for (Finding finding : check.findings) {

@@ -24,8 +24,9 @@ namespace {
 constexpr int rowColumn = 0;
 constexpr int temperatureColumn = 1;
 constexpr int conductivityColumn = 2;
-constexpr int valueRole = Qt::UserRole + 1; // the number that went in, in the units shown
+constexpr int valueRole = Qt::UserRole + 1; // the English number that went in
 constexpr int textRole = Qt::UserRole + 2;  // and the text it was shown with
+constexpr int fewestRows = 3;               // a curve needs three points
 constexpr int mostRows = 1000;
 
 Quantity QuantityOf(int column) {
@@ -34,7 +35,7 @@ Quantity QuantityOf(int column) {
 
 QString ShownText(Units units, int column, double shown) {
     constexpr int temperatureDecimals = 1;
-    constexpr int conductivityDecimals = 5;
+    constexpr int conductivityDecimals = 4;
     return units == Units::english
                ? ShortText(shown)
                : RoundedText(shown, column == temperatureColumn ? temperatureDecimals : conductivityDecimals);
@@ -55,6 +56,9 @@ PointsGrid::PointsGrid(const std::vector<CTemperaturePoint>& points, Units units
         const int row = table_->rowCount() - 1;
         SetCell(row, temperatureColumn, point.Temperature);
         SetCell(row, conductivityColumn, point.Conductivity);
+    }
+    while (points.empty() && table_->rowCount() < fewestRows) {
+        AppendRow();
     }
     connect(table_, &QTableWidget::itemChanged, this, &PointsGrid::Changed);
     connect(table_, &QTableWidget::currentCellChanged, this,
@@ -151,7 +155,7 @@ void PointsGrid::SetCell(int row, int column, double english) {
     const double shown = FromEnglish(QuantityOf(column), units_, english);
     const QString text = ShownText(units_, column, shown);
     QTableWidgetItem* const item = table_->item(row, column);
-    item->setData(valueRole, shown);
+    item->setData(valueRole, english);
     item->setData(textRole, text);
     item->setText(text);
 }
@@ -189,9 +193,10 @@ float PointsGrid::EnglishAt(int row, int column) const {
     const QTableWidgetItem* const item = table_->item(row, column);
     const bool isUntouched =
         item->data(valueRole).isValid() && item->text() == item->data(textRole).toString();
-    const double shown =
-        isUntouched ? item->data(valueRole).toDouble() : ParseNumber(FromQt(item->text())).value_or(0);
-    return static_cast<float>(ToEnglish(QuantityOf(column), units_, shown));
+    const double english =
+        isUntouched ? item->data(valueRole).toDouble()
+                    : ToEnglish(QuantityOf(column), units_, ParseNumber(FromQt(item->text())).value_or(0));
+    return static_cast<float>(english);
 }
 
 std::vector<CTemperaturePoint> PointsGrid::Points() const {

@@ -81,6 +81,16 @@ void PollutantsGrid::Append(const CPollutant& pollutant, bool isOfFuel) {
     item(row, amountColumn)->setData(textRole, amount);
 }
 
+void PollutantsGrid::Lock() {
+    const QSignalBlocker blocker(this);
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = idColumn; column <= amountColumn; ++column) {
+            item(row, column)->setForeground(theme::Current().quiet);
+        }
+    }
+    setEnabled(false);
+}
+
 Collection<CPollutant> PollutantsGrid::Pollutants() const {
     Collection<CPollutant> pollutants;
     for (int row = 0; row < rowCount(); ++row) {

@@ -19,6 +19,9 @@ public:
     /// The first amount that cannot be read, said with its name; empty when all can. Marks the cells.
     [[nodiscard]] QString Unreadable();
 
+    /// Shows the amounts without letting them be changed.
+    void Lock();
+
 Q_SIGNALS:
     void Changed();
 

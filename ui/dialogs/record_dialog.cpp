@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/record_dialog.h"
 
+#include "ui/dialogs/grow.h"
 #include "ui/theme.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStyle>
 
 namespace kaloria {
 
@@ -58,22 +57,18 @@ void RecordDialog::BuildFoot() {
     reason_->setObjectName(QStringLiteral("lblReason"));
     reason_->setWordWrap(true);
     foot->addWidget(reason_, 1);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    ok_ = buttons->button(QDialogButtonBox::Ok);
+    auto* const cancel = new QPushButton(tr("Cancel"));
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    ok_ = new QPushButton(tr("&OK"));
     ok_->setObjectName(QStringLiteral("cmdOK"));
-    ok_->setText(tr("&OK"));
     ok_->setDefault(true);
     theme::SetRole(*ok_, "primary");
-    auto* const cancel = buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(tr("Cancel"));
-    for (auto* const button : {ok_, cancel}) {
-        button->setIcon({});
+    for (auto* const button : {cancel, ok_}) {
         button->setAccessibleName(button->text().remove(u'&'));
+        foot->addWidget(button, 0, Qt::AlignBottom);
     }
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &RecordDialog::reject);
-    foot->addWidget(buttons, 0, Qt::AlignBottom);
+    connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &RecordDialog::reject);
     qobject_cast<QVBoxLayout*>(layout())->addLayout(foot);
 }
 
@@ -140,6 +135,11 @@ void RecordDialog::Changed() {
 }
 
 void RecordDialog::Recheck() {
+    CheckEntries();
+    GrowToFit(*this);
+}
+
+void RecordDialog::CheckEntries() {
     FirstFault fault;
     for (Entry* const entry : entries_) {
         const QString unreadable = entry->IsShown() ? entry->Unreadable() : QString();
@@ -209,8 +209,9 @@ void RecordDialog::SetTemperature(NumberEntry& entry, double degF) const {
     entry.SetValue(shown, units_ == Units::english ? ShortText(shown) : RoundedText(shown, tenths));
 }
 
-float RecordDialog::English(const NumberEntry& entry, Quantity quantity, Units units) {
-    return static_cast<float>(ToEnglish(quantity, units, entry.Value().value_or(0)));
+float RecordDialog::English(const NumberEntry& entry, Quantity quantity, float original) const {
+    return entry.IsEdited() ? static_cast<float>(ToEnglish(quantity, units_, entry.Value().value_or(0)))
+                            : original;
 }
 
 } // namespace kaloria

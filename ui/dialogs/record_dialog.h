@@ -53,7 +53,8 @@ protected:
     /// A temperature with its unit in the units shown, of a value in degF.
     [[nodiscard]] QString TemperatureText(double degF) const;
     void SetTemperature(NumberEntry& entry, double degF) const;
-    [[nodiscard]] static float English(const NumberEntry& entry, Quantity quantity, Units units);
+    /// What the entry holds as the record's English value; @p original when it was not edited.
+    [[nodiscard]] float English(const NumberEntry& entry, Quantity quantity, float original) const;
 
 private:
     /// What is wrong with the record as it is entered; asked only when every entry can be read.
@@ -65,6 +66,7 @@ private:
     virtual void Blank() {}
 
     void BuildFoot();
+    void CheckEntries();
     void Mark(const std::vector<Finding>& findings);
 
     QHBoxLayout* columns_ = nullptr;
