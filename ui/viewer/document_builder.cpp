@@ -25,6 +25,7 @@ Row Framed(std::span<const Block> blocks, int width) {
     const ParagraphLook& look = cell.paragraphs.front().look;
     cell.look.borders = look.borders;
     cell.look.shading = look.shading;
+    cell.look.padding.fill(look.borderSpace);
     cell.look.right = width - look.right;
     row.left = look.left;
     row.breaksPage = look.breaksPage;

@@ -9,6 +9,7 @@ namespace kaloria::viewer {
 namespace {
 
 constexpr int oneLine = 240; // of \sl when it is a multiple
+constexpr int hairline = 5;  // a thinner line is not seen [twip]
 
 struct CellSide {
     Side side;
@@ -42,6 +43,10 @@ void SetFont(QTextCharFormat& format, const Font& font) {
 }
 
 } // namespace
+
+int PaddingOf(const CellLook& look, const Row& row, Side side) {
+    return look.padding.at(side) >= 0 ? look.padding.at(side) : row.padding.at(side);
+}
 
 Formats::Formats(const RichText& text, const BuildOptions& options)
     : text_(text), options_(options), unitsPerTwip_(options.scale * UnitsPerInch() / twipsPerInch) {}
@@ -135,8 +140,10 @@ QTextTableCellFormat Formats::Of(const CellLook& look, const Row& row, const Tex
     text.clearBackground();
     QTextTableCellFormat format;
     format.merge(text);
-    format.setLeftPadding(Units(row.padLeft));
-    format.setRightPadding(Units(row.padRight));
+    format.setTopPadding(Units(PaddingOf(look, row, Side::top)));
+    format.setRightPadding(Units(PaddingOf(look, row, Side::right)));
+    format.setBottomPadding(Units(PaddingOf(look, row, Side::bottom)));
+    format.setLeftPadding(Units(PaddingOf(look, row, Side::left)));
     format.setVerticalAlignment(look.vertical);
     if (look.shading.isValid()) {
         format.setBackground(look.shading);
@@ -144,7 +151,7 @@ QTextTableCellFormat Formats::Of(const CellLook& look, const Row& row, const Tex
     for (const CellSide& side : cellSides) {
         const Border& border = look.borders.at(side.side);
         if (border.width > 0) {
-            (format.*side.setWidth)(Units(border.width));
+            (format.*side.setWidth)(Units(std::max(border.width, hairline)));
             (format.*side.setStyle)(StyleOf(border.style));
             (format.*side.setBrush)(border.color.isValid() ? border.color : QColor(Qt::black));
         }

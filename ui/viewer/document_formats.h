@@ -9,6 +9,9 @@
 
 namespace kaloria::viewer {
 
+/// Between a cell's edge and its text [twip].
+[[nodiscard]] int PaddingOf(const CellLook& look, const Row& row, Side side);
+
 /// Turns looks into the formats of Qt's documents.
 class Formats {
 public:

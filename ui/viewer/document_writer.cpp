@@ -73,7 +73,7 @@ void DocumentWriter::WriteSeparator(QTextCursor& cursor, const Paragraph& paragr
 void DocumentWriter::WriteRuns(QTextCursor& cursor, const Paragraph& paragraph, int width) {
     for (const Run& run : paragraph.runs) {
         if (run.picture >= 0) {
-            WritePicture(cursor, run, width);
+            WritePicture(cursor, run, width - paragraph.look.left - paragraph.look.right);
         } else {
             cursor.insertText(run.field == Field::none ? run.text : options_.fieldText(run.field),
                               formats_.Of(run.look));
@@ -95,7 +95,8 @@ void DocumentWriter::WritePicture(QTextCursor& cursor, const Run& run, int width
     cursor.insertImage(format);
 }
 
-QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t section) {
+QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, const std::vector<int>& edges,
+                                             std::size_t section) {
     QTextTableFormat format;
     format.setBorder(0);
     format.setBorderCollapse(true);
@@ -103,10 +104,9 @@ QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t 
     format.setCellPadding(0);
     const Row& first = *grid.Rows().front();
     const Inset inset = formats_.InsetOf(section);
-    format.setLeftMargin(formats_.Units(inset.left + grid.Edges().front()));
+    format.setLeftMargin(formats_.Units(inset.left + edges.front()));
     if (first.alignment != Qt::AlignLeft) {
-        const int rest =
-            text_.sections.at(section).TextWidth() - (grid.Edges().back() - grid.Edges().front());
+        const int rest = text_.sections.at(section).TextWidth() - (edges.back() - edges.front());
         const int share = first.alignment == Qt::AlignRight ? 1 : 2;
         format.setLeftMargin(formats_.Units(inset.left + std::max(0, rest / share)));
     }
@@ -115,9 +115,8 @@ QTextTableFormat DocumentWriter::TableFormat(const TableGrid& grid, std::size_t 
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     }
     QList<QTextLength> widths;
-    for (std::size_t i = 1; i < grid.Edges().size(); ++i) {
-        widths.append(
-            QTextLength(QTextLength::FixedLength, formats_.Units(grid.Edges()[i] - grid.Edges()[i - 1])));
+    for (std::size_t i = 1; i < edges.size(); ++i) {
+        widths.append(QTextLength(QTextLength::FixedLength, formats_.Units(edges[i] - edges[i - 1])));
     }
     format.setColumnWidthConstraints(widths);
     const auto body =
@@ -132,16 +131,20 @@ void DocumentWriter::WriteTable(QTextCursor& cursor, const TableGrid& grid, std:
     if (!isBlockFree_ && isLastEmpty_) {
         cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
     }
+    // Some writers let a table of the whole width be much wider than the sheet.
+    const Section& look = text_.sections.at(section);
+    const bool isTooWide = grid.Edges().back() > look.paperWidth;
+    const std::vector<int> edges = isTooWide ? grid.FittedEdges(look.TextWidth()) : grid.Edges();
     QTextTable* const table =
-        cursor.insertTable(static_cast<int>(grid.Rows().size()), static_cast<int>(grid.Edges().size()) - 1,
-                           TableFormat(grid, section));
+        cursor.insertTable(static_cast<int>(grid.Rows().size()), static_cast<int>(grid.ColumnCount()),
+                           TableFormat(grid, edges, section));
     for (const TableGrid::Place& place : grid.Places()) {
         if (place.columns > 1 || place.rows > 1) {
             table->mergeCells(static_cast<int>(place.row), static_cast<int>(place.column),
                               static_cast<int>(place.rows), static_cast<int>(place.columns));
         }
         if (place.cell != nullptr) {
-            const int width = grid.Edges()[place.column + place.columns] - grid.Edges()[place.column];
+            const int width = edges[place.column + place.columns] - edges[place.column];
             WriteCell(*table, place, *grid.Rows()[place.row], width);
         }
     }
@@ -161,8 +164,9 @@ void DocumentWriter::WriteCell(QTextTable& table, const TableGrid::Place& place,
         formats_.Of(place.cell->look, row, paragraphs.empty() ? TextLook{} : paragraphs.front().endLook);
     if (!paragraphs.empty()) {
         // The space in front of a cell's first block does not count, nor that behind its last.
-        look.setTopPadding(formats_.Units(std::max(0, paragraphs.front().look.before)));
-        look.setBottomPadding(formats_.Units(std::max(0, paragraphs.back().look.after)));
+        look.setTopPadding(look.topPadding() + formats_.Units(std::max(0, paragraphs.front().look.before)));
+        look.setBottomPadding(look.bottomPadding() +
+                              formats_.Units(std::max(0, paragraphs.back().look.after)));
     }
     cell.setFormat(look);
     QTextCursor cursor = cell.firstCursorPosition();
@@ -179,7 +183,9 @@ void DocumentWriter::WriteCell(QTextTable& table, const TableGrid::Place& place,
         } else {
             cursor.insertBlock(format, formats_.Of(paragraph.endLook));
         }
-        WriteRuns(cursor, paragraph, width - row.padLeft - row.padRight);
+        WriteRuns(cursor, paragraph,
+                  width - PaddingOf(place.cell->look, row, Side::left) -
+                      PaddingOf(place.cell->look, row, Side::right));
     }
 }
 

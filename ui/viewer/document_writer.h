@@ -22,7 +22,8 @@ public:
     void WriteTable(QTextCursor& cursor, const TableGrid& grid, std::size_t section);
 
 private:
-    [[nodiscard]] QTextTableFormat TableFormat(const TableGrid& grid, std::size_t section);
+    [[nodiscard]] QTextTableFormat TableFormat(const TableGrid& grid, const std::vector<int>& edges,
+                                               std::size_t section);
     void WriteCell(QTextTable& table, const TableGrid::Place& place, const Row& row, int width);
     void WriteRuns(QTextCursor& cursor, const Paragraph& paragraph, int width);
     void WritePicture(QTextCursor& cursor, const Run& run, int width);

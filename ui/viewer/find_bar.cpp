@@ -17,9 +17,10 @@ namespace {
 
 constexpr int mostMarks = 2000; // more would make scrolling slow
 
-QPushButton* ButtonOf(const QString& text, const QString& name, QWidget* parent) {
+QPushButton* ButtonOf(const QString& text, const QString& name, const QString& told, QWidget* parent) {
     auto* const button = new QPushButton(text, parent);
     button->setObjectName(name);
+    button->setAccessibleName(told);
     button->setAutoDefault(false);
     return button;
 }
@@ -35,9 +36,10 @@ FindBar::FindBar(QTextEdit& text, QWidget* parent)
     wanted_->setClearButtonEnabled(true);
     told_->setObjectName(QStringLiteral("lblFound"));
     theme::SetRole(*told_, "quiet");
-    auto* const previous = ButtonOf(tr("&Previous"), QStringLiteral("cmdFindPrevious"), this);
-    auto* const next = ButtonOf(tr("&Next"), QStringLiteral("cmdFindNext"), this);
-    auto* const close = ButtonOf(tr("Close"), QStringLiteral("cmdFindClose"), this);
+    auto* const previous =
+        ButtonOf(tr("&Previous"), QStringLiteral("cmdFindPrevious"), tr("Find previous"), this);
+    auto* const next = ButtonOf(tr("&Next"), QStringLiteral("cmdFindNext"), tr("Find next"), this);
+    auto* const close = ButtonOf(tr("Close"), QStringLiteral("cmdFindClose"), tr("Close the search"), this);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(theme::cardGap, theme::gap, theme::cardGap, theme::gap);

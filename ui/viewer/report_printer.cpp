@@ -112,7 +112,14 @@ bool ReportPrinter::Print(bool setsPaper, int first, int last) {
 
 void ReportPrinter::Fit(QPainter& painter, const Section& section) const {
     const QSizeF paper(Units(section.paperWidth), Units(section.paperHeight));
-    const double fit = std::min({1.0, device_.width() / paper.width(), device_.height() / paper.height()});
+    QSizeF sheet(device_.width(), device_.height());
+    const bool turns = (paper.width() > paper.height()) != (sheet.width() > sheet.height());
+    if (turns) {
+        painter.translate(sheet.width(), 0);
+        painter.rotate(90);
+        sheet.transpose();
+    }
+    const double fit = std::min({1.0, sheet.width() / paper.width(), sheet.height() / paper.height()});
     painter.scale(fit, fit);
 }
 

@@ -15,8 +15,8 @@
 namespace kaloria::viewer {
 
 /// Draws a report on sheets: every page on sheets of its own, without the separators, as many as it needs,
-/// with its section's paper, margins, headers and footers. On a device with other paper a sheet is made
-/// smaller until it fits, never larger.
+/// with its section's paper, margins, headers and footers. On a device with other paper a sheet is
+/// turned when it lies across, and made smaller until it fits, never larger.
 class ReportPrinter {
 public:
     /// Lays the report out for a device.

@@ -81,6 +81,7 @@ struct ParagraphLook {
     int depth = 0; ///< of tables in tables
     QColor shading;
     Borders borders;
+    int borderSpace = 0; ///< between them and the text
     QList<TabStop> tabs;
     QTextOption::TabType nextTab = QTextOption::LeftTab;
 
@@ -137,6 +138,7 @@ struct CellLook {
     QTextCharFormat::VerticalAlignment vertical = QTextCharFormat::AlignTop;
     QColor shading;
     Borders borders;
+    std::array<int, sideCount> padding{-1, -1, -1, -1}; ///< -1: the row's
 };
 
 struct Cell {
@@ -146,8 +148,7 @@ struct Cell {
 
 struct Row {
     int left = 0;
-    int padLeft = 0;
-    int padRight = 0;
+    std::array<int, sideCount> padding{};
     int height = 0;         ///< at least
     bool isHeading = false; ///< repeated on every sheet
     bool breaksPage = false;

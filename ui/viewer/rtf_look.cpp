@@ -53,8 +53,9 @@ auto GroundWord(QColor Look::*member) {
 }
 
 auto Raise(int raise) {
-    return
-        [raise](TextLook& look, const Token& word, const Resources&) { look.raise = IsOn(word) ? raise : 0; };
+    return [raise](TextLook& look, const Token& word, const Resources&) {
+        look.raise = IsOn(word) ? raise : 0; // by how much is left to the type
+    };
 }
 
 auto Aligned(Qt::Alignment alignment) {
@@ -85,6 +86,8 @@ const Words<TextLook>& TextWords() {
                              {"caps", Switch(&TextLook::isCapital)},
                              {"scaps", Switch(&TextLook::isSmallCapital)},
                              {"super", Raise(1)},
+                             {"up", Raise(1)},
+                             {"dn", Raise(-1)},
                              {"sub", Raise(-1)},
                              {"nosupersub", Raise(0)},
                              {"cf", ColorWord(&TextLook::color)},
@@ -135,6 +138,7 @@ const Words<ParagraphLook>& ParagraphWords() {
                                    {"intbl", Switch(&Look::isInTable)},
                                    {"itap", Length(&Look::depth)},
                                    {"cbpat", GroundWord(&Look::shading)},
+                                   {"brsp", Length(&Look::borderSpace)},
                                    {"shading", SetShading},
                                    {"tqr", NextTab(QTextOption::RightTab)},
                                    {"tqc", NextTab(QTextOption::CenterTab)},
@@ -157,15 +161,11 @@ auto Line(Qt::PenStyle style) {
 }
 
 const Words<Border>& BorderWords() {
-    static const Words<Border> words{{"brdrs", Line(Qt::SolidLine)},
-                                     {"brdrth", Line(Qt::SolidLine)},
-                                     {"brdrdb", Line(Qt::SolidLine)},
-                                     {"brdrdot", Line(Qt::DotLine)},
-                                     {"brdrdash", Line(Qt::DashLine)},
-                                     {"brdrnone", Line(Qt::NoPen)},
-                                     {"brdrnil", Line(Qt::NoPen)},
-                                     {"brdrcf", ColorWord(&Border::color)},
-                                     {"brdrw", SetWidth}};
+    static const Words<Border> words{{"brdrs", Line(Qt::SolidLine)},        {"brdrth", Line(Qt::SolidLine)},
+                                     {"brdrhair", Line(Qt::SolidLine)},     {"brdrdb", Line(Qt::SolidLine)},
+                                     {"brdrdot", Line(Qt::DotLine)},        {"brdrdash", Line(Qt::DashLine)},
+                                     {"brdrnone", Line(Qt::NoPen)},         {"brdrnil", Line(Qt::NoPen)},
+                                     {"brdrcf", ColorWord(&Border::color)}, {"brdrw", SetWidth}};
     return words;
 }
 

@@ -154,7 +154,10 @@ void RtfMachine::Flush() {
     const std::string bytes = std::exchange(bytes_, {});
     const Font& font = resources_.FontOf(Top().text.font);
     if (!font.isSymbol) {
-        Write(Decoded(bytes, font.codePage > 0 ? font.codePage : resources_.codePage));
+        const QString text = Decoded(bytes, font.codePage > 0 ? font.codePage : resources_.codePage);
+        // The blanks by which writers push a list's number into its place are not needed here.
+        const bool isNumber = Top().isListText && Current().Current().runs.size() == listTextRun_;
+        Write(isNumber && text.startsWith(QLatin1Char(' ')) ? text.trimmed() : text);
         return;
     }
     QString text;

@@ -19,6 +19,8 @@ constexpr std::size_t mostCells = 64; // of a row, as word processors have it
 constexpr int leastCell = 60;         // so that its text is seen [twip]
 constexpr int usualCell = 1440;       // of a cell that nothing is said about [twip]
 constexpr int wholeShade = 10000;
+constexpr int widestGap = 1440;
+constexpr int farthestCell = 131072; // tables may be wider than the sheet; they are made to fit
 
 /// A gray, or a colour made lighter.
 QColor Shaded(int shade) {
@@ -36,25 +38,28 @@ bool RowCollector::ApplyWord(const Token& word, const Resources& resources) {
         return ApplyRowWord(word);
     }
     if (word.name == "cellx") {
-        EndLook(NumberOf(word, -farthest, farthest, usualCell));
+        EndLook(NumberOf(word, -farthest, farthestCell, usualCell));
         return true;
     }
     return word.name.substr(0, 2) == "cl" && ApplyCellWord(word, resources);
 }
 
 bool RowCollector::ApplyRowWord(const Token& word) {
-    constexpr int widestGap = 1440;
     side_ = sideCount;
     if (word.name == "trowd") {
         row_ = {};
         looks_.clear();
         next_ = {};
     } else if (word.name == "trgaph") {
-        row_.padLeft = row_.padRight = NumberOf(word, 0, widestGap);
+        row_.padding.at(Side::left) = row_.padding.at(Side::right) = NumberOf(word, 0, widestGap);
     } else if (word.name == "trpaddl") {
-        row_.padLeft = NumberOf(word, 0, widestGap);
+        row_.padding.at(Side::left) = NumberOf(word, 0, widestGap);
     } else if (word.name == "trpaddr") {
-        row_.padRight = NumberOf(word, 0, widestGap);
+        row_.padding.at(Side::right) = NumberOf(word, 0, widestGap);
+    } else if (word.name == "trpaddt") {
+        row_.padding.at(Side::top) = NumberOf(word, 0, widestGap);
+    } else if (word.name == "trpaddb") {
+        row_.padding.at(Side::bottom) = NumberOf(word, 0, widestGap);
     } else if (word.name == "trleft") {
         row_.left = NumberOf(word, -farthest, farthest);
     } else if (word.name == "trrh") {
@@ -88,7 +93,12 @@ bool RowCollector::ApplyCellWord(const Token& word, const Resources& resources) 
         return true;
     }
     side_ = sideCount;
-    if (word.name == "clvertalc") {
+    constexpr std::string_view paddings[sideCount] = {"clpadt", "clpadr", "clpadb", "clpadl"};
+    const auto* const padding = std::find(std::begin(paddings), std::end(paddings), word.name);
+    if (padding != std::end(paddings)) {
+        next_.padding.at(static_cast<std::size_t>(padding - std::begin(paddings))) =
+            NumberOf(word, 0, widestGap);
+    } else if (word.name == "clvertalc") {
         next_.vertical = QTextCharFormat::AlignMiddle;
     } else if (word.name == "clvertalb") {
         next_.vertical = QTextCharFormat::AlignBottom;

@@ -48,6 +48,17 @@ bool TableGrid::Add(const Row& row) {
     return true;
 }
 
+std::vector<int> TableGrid::FittedEdges(int widest) const {
+    const int width = edges_.back() - edges_.front();
+    std::vector<int> fitted = edges_;
+    if (width > widest) {
+        for (int& edge : fitted) {
+            edge = static_cast<int>(static_cast<double>(edge - edges_.front()) * widest / width);
+        }
+    }
+    return fitted;
+}
+
 std::size_t TableGrid::IndexOf(int edge) const {
     const auto next = std::lower_bound(edges_.begin(), edges_.end(), edge - sameEdge);
     return next == edges_.end() ? edges_.size() - 1 : static_cast<std::size_t>(next - edges_.begin());

@@ -26,8 +26,11 @@ public:
     bool Add(const Row& row);
 
     [[nodiscard]] const std::vector<const Row*>& Rows() const { return rows_; }
+    [[nodiscard]] std::size_t ColumnCount() const { return edges_.size() - 1; }
     /// Edges of the columns from left to right, from the left margin [twip].
     [[nodiscard]] const std::vector<int>& Edges() const { return edges_; }
+    /// The same, brought together when the table is wider than @p widest.
+    [[nodiscard]] std::vector<int> FittedEdges(int widest) const;
     [[nodiscard]] std::vector<Place> Places() const;
 
 private:
