@@ -61,10 +61,14 @@ std::optional<std::string> ChoiceProblem(const JobField& field, std::string_view
 } // namespace
 
 std::string RangeText(const JobField& field, Units units) {
-    const auto limit = [&](double value) {
-        return FormatNumber(FromEnglish(field.quantity, units, value), NumberFormat::shortest);
+    // Converted limits are rounded inwards: what is shown as allowed is.
+    const auto limit = [&](double value, double (*inwards)(double)) {
+        const double shown = FromEnglish(field.quantity, units, value);
+        return FormatNumber(units == Units::si ? inwards(shown * 100) / 100 : shown, NumberFormat::shortest);
     };
-    return WithUnit(field, units, fmt::format("{} to {}", limit(field.low), limit(field.high)));
+    return WithUnit(field, units,
+                    fmt::format("{} to {}", limit(field.low, [](double x) { return std::ceil(x); }),
+                                limit(field.high, [](double x) { return std::floor(x); })));
 }
 
 std::optional<std::string> WhatIsWrong(const JobField& field, std::string_view text, Units units) {

@@ -49,6 +49,9 @@ FieldCard::FieldCard(const QString& title, std::initializer_list<Field> fields, 
     for (const Field field : fields) {
         auto* const editor = new FieldEditor(field, session_, this);
         editors_.push_back(editor);
+        if (columns > 1) {
+            editor->SetShort();
+        }
         Place(*editor, place / columns * 2, place % columns * cellsPerField);
         ++place;
     }

@@ -224,6 +224,12 @@ void FieldEditor::CheckEntry() {
     SetError(wrong ? ToQt(*wrong) : QString());
 }
 
+void FieldEditor::SetShort() {
+    if (line_ != nullptr) {
+        line_->setFixedWidth(line_->fontMetrics().horizontalAdvance(QStringLiteral("-0000.0")) + 22);
+    }
+}
+
 int FieldEditor::LabelWidth() const {
     const auto* const label = qobject_cast<const QLabel*>(label_);
     return label != nullptr && label->wordWrap() ? label->minimumWidth() : label_->sizeHint().width();

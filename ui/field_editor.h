@@ -36,6 +36,9 @@ public:
     /// Shows the job's text, with label, unit and choices as they are now.
     void Refresh();
 
+    /// For numbers of few digits, two of which stand beside each other.
+    void SetShort();
+
     /// Shows or hides the field whole.
     void SetShown(bool shown);
     [[nodiscard]] bool IsShown() const { return isShown_; }

@@ -128,6 +128,7 @@ bool JobCommands::MayLeave() {
 }
 
 void JobCommands::KeepCopy() {
+    session_.KeepRecords(); // a recovered job may be about them
     if (session_.IsDirty()) {
         if (!recovery_.Write(session_.TheJob(), session_.Records(), session_.Path(), true)) {
             session_.Messages().Log("the recovery copy could not be written");

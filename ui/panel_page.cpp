@@ -55,6 +55,7 @@ void PanelPage::Refresh() {
     for (FieldCard* const card : cards_) {
         card->SetLabelWidth(widest);
     }
+    labelWidth_ = widest;
 }
 
 void PanelPage::Recheck() {

@@ -36,12 +36,15 @@ public:
 
 protected:
     [[nodiscard]] Session& TheSession() const { return session_; }
+    /// Width of the column of labels through all cards.
+    [[nodiscard]] int LabelWidth() const { return labelWidth_; }
 
 private:
     Session& session_;
     QWidget* page_ = nullptr;
     QVBoxLayout* layout_ = nullptr;
     std::vector<FieldCard*> cards_;
+    int labelWidth_ = 0;
 };
 
 } // namespace kaloria

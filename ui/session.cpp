@@ -105,7 +105,19 @@ void Session::SwitchUnits(Units units) {
     Q_EMIT JobReplaced();
 }
 
+void Session::KeepRecords() {
+    if (!haveRecordsChanged_) {
+        return;
+    }
+    if (const auto problem = application_.SaveConfigurationFile()) {
+        sink_.Log(problem->text);
+    } else {
+        haveRecordsChanged_ = false;
+    }
+}
+
 void Session::RecordsChanged() {
+    haveRecordsChanged_ = true;
     application_.NameMaterials(application_.CurrentJob());
     Q_EMIT CatalogueChanged();
     AnswerNeeded();

@@ -53,6 +53,9 @@ public:
     /// The navigation position travels in the job but is no change that asks for saving.
     void SetPosition(int category, int menuItem);
     void SwitchUnits(Units units);
+    /// Writes the user's records to the configuration file when they have changed since; what prevented it is
+    /// logged. The end of the program asks anew.
+    void KeepRecords();
     /// Any change of the catalogue; the job may have to follow it.
     template <class Change>
     void EditRecords(const Change& change) {
@@ -110,6 +113,7 @@ private:
     QTimer live_;
     double milliseconds_ = 0;
     bool isDirty_ = false;
+    bool haveRecordsChanged_ = false;
     bool isCurrent_ = false;
     bool isLive_ = true;
 };

@@ -28,10 +28,10 @@ SurfacePanel::SurfacePanel(Session& session, const QString& objectName, const QS
 QWidget* SurfacePanel::BuildMaterials() {
     auto* const rows = new QWidget(this);
     auto* const grid = new QGridLayout(rows);
+    materials_ = grid;
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(theme::gap);
     grid->setVerticalSpacing(6);
-    grid->setColumnMinimumWidth(0, theme::labelWidth);
     grid->setColumnStretch(1, 1);
     baseMetal_ = new MaterialChoice(MaterialChoice::Row::baseMetal, TheSession(), rows);
     jacket_ = new MaterialChoice(MaterialChoice::Row::jacket, TheSession(), rows);
@@ -54,6 +54,7 @@ QWidget* SurfacePanel::BuildMaterials() {
 
 void SurfacePanel::Refresh() {
     PanelPage::Refresh();
+    materials_->setColumnMinimumWidth(0, LabelWidth());
     baseMetal_->Refresh();
     jacket_->Refresh();
     tankNote_->setText(ToQt(TankNote(TheSession().TheJob(), TheSession().Records())));

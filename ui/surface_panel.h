@@ -3,9 +3,10 @@
 
 #include "ui/panel_page.h"
 
+class QGridLayout;
+
 namespace kaloria {
 
-class LayersCard;
 class MaterialChoice;
 
 /// What is calculated, the surface, its conditions, and the layers where there is room for them.
@@ -20,6 +21,7 @@ public:
 private:
     QWidget* BuildMaterials();
 
+    QGridLayout* materials_ = nullptr;
     MaterialChoice* baseMetal_ = nullptr;
     MaterialChoice* jacket_ = nullptr;
     QLabel* tankNote_ = nullptr;
