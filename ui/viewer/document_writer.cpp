@@ -21,8 +21,19 @@ QTextBlockFormat DocumentWriter::Following(QTextBlockFormat format) {
     return format;
 }
 
+namespace {
+/// A picture's line is as high as the picture, however far the lines of text are apart.
+ParagraphLook LookOf(const Paragraph& paragraph) {
+    ParagraphLook look = paragraph.look;
+    const bool hasPicture = std::any_of(paragraph.runs.begin(), paragraph.runs.end(),
+                                        [](const Run& run) { return run.picture >= 0; });
+    look.lineHeight = hasPicture ? 0 : look.lineHeight;
+    return look;
+}
+} // namespace
+
 void DocumentWriter::WriteBlock(QTextCursor& cursor, const Paragraph& paragraph, std::size_t section) {
-    QTextBlockFormat format = Following(formats_.Of(paragraph.look, formats_.InsetOf(section)));
+    QTextBlockFormat format = Following(formats_.Of(LookOf(paragraph), formats_.InsetOf(section)));
     const bool isFirst = !std::exchange(hasBlocks_, true);
     if (isFirst) {
         format.clearProperty(QTextFormat::PageBreakPolicy); // it starts a sheet anyhow
@@ -173,7 +184,7 @@ void DocumentWriter::WriteCell(QTextTable& table, const TableGrid::Place& place,
     spaceBefore_ = 0;
     bool isFirst = true;
     for (const Paragraph& paragraph : paragraphs) {
-        QTextBlockFormat format = Following(formats_.Of(paragraph.look, {}));
+        QTextBlockFormat format = Following(formats_.Of(LookOf(paragraph), {}));
         if (row.height > 0 && paragraphs.size() == 1 && paragraph.runs.empty()) {
             // Tables of Qt know no height of rows, but that of lines.
             format.setLineHeight(formats_.Units(row.height), QTextBlockFormat::MinimumHeight);

@@ -118,6 +118,7 @@ void PaperView::Rebuild() {
         options.insets.push_back({aside + section.marginLeft, aside + section.marginRight});
     }
     auto next = BuildDocument(text_, text_.blocks, options);
+    SetRootMargins(*next, desk); // before it is laid out, which takes most of the time
     setDocument(next.get());
     paper_ = std::move(next); // the old one goes when nothing shows it any more
     setLineWrapColumnOrWidth(static_cast<int>(std::ceil(Units(widest))));
@@ -126,11 +127,11 @@ void PaperView::Rebuild() {
     viewport()->update();
 }
 
-void PaperView::SetRootMargins(double lastFiller) {
-    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+void PaperView::SetRootMargins(QTextDocument& document, double bottom) const {
+    QTextFrameFormat format = document.rootFrame()->frameFormat();
     format.setTopMargin(desk + Units(text_.sections.front().marginTop));
-    format.setBottomMargin(lastFiller);
-    document()->rootFrame()->setFrameFormat(format);
+    format.setBottomMargin(bottom);
+    document.rootFrame()->setFrameFormat(format);
 }
 
 void PaperView::AddPaper(std::size_t section, double top, double bottom) {
@@ -141,7 +142,6 @@ void PaperView::AddPaper(std::size_t section, double top, double bottom) {
 /// Puts the separators where the sheets end. A page longer than a sheet gets a longer sheet.
 void PaperView::Paginate() {
     papers_.clear();
-    SetRootMargins(desk);
     const std::vector<QTextBlock> separators = SeparatorsOf(*document());
     std::vector<double> ends; // of the text of each page, from its first line
     double begin = desk + Units(text_.sections.front().marginTop);
@@ -173,7 +173,7 @@ void PaperView::Paginate() {
             top += height + desk;
         } else if (separators.empty() || HasTextBehind(separators.back())) {
             AddPaper(section, top, top + height);
-            SetRootMargins(filler + desk);
+            SetRootMargins(*document(), filler + desk);
         }
     }
     cursor.endEditBlock();

@@ -51,7 +51,7 @@ private:
     };
 
     void Rebuild();
-    void SetRootMargins(double lastFiller);
+    void SetRootMargins(QTextDocument& document, double bottom) const;
     void Paginate();
     void Center();
     void AddPaper(std::size_t section, double top, double bottom);
