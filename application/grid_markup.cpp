@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/grid_markup.h"
 
+#include "reports/report_tables.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>

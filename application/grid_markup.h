@@ -6,9 +6,6 @@
 
 namespace kaloria {
 
-/// Width of the text on letter and A4 paper [twip].
-inline constexpr int reportTextWidth = 9360;
-
 /// The results grid as a table with its two heading lines. A grid with many columns goes on below, under
 /// headings of its own, with the row labels again. The design row is marked.
 /// @param hasHeading  false: the rows alone

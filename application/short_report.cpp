@@ -4,19 +4,13 @@
 #include "application/grid_markup.h"
 #include "application/panel_values.h"
 #include "application/report_file.h"
+#include "reports/report_pages.h"
 
 #include <fmt/format.h>
-
-#include <algorithm>
 
 namespace kaloria {
 
 namespace {
-
-bool HasTag(const rtf::Document& page, std::string_view tag) {
-    const auto tags = page.Tags();
-    return std::find(tags.begin(), tags.end(), tag) != tags.end();
-}
 
 /// Fills one page.
 class ShortReport {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/table_report.h"
 
-#include "application/grid_markup.h"
 #include "application/panel_values.h"
 #include "application/report_file.h"
 #include "data/number_format.h"
+#include "reports/report_tables.h"
 
 #include <fmt/format.h>
 

@@ -24,11 +24,6 @@ rtf::Document Filled(const rtf::Document& page, rtf::TagValues values, const rtf
     return filled;
 }
 
-bool HasTag(const rtf::Document& page, std::string_view tag) {
-    const auto tags = page.Tags();
-    return std::find(tags.begin(), tags.end(), tag) != tags.end();
-}
-
 /// The template, with the file's name in what is thrown when a block does not fit in its place.
 void FillBlock(rtf::Document& page, std::string_view tag, const rtf::Markup& block, std::string_view name) {
     try {
@@ -56,6 +51,11 @@ rtf::Document LoadTemplate(const std::filesystem::path& folder, std::string_view
         throw FileError(FileError::Kind::unreadable, path,
                         fmt::format("line {}: {}", fault.Problem().line, fault.what()));
     }
+}
+
+bool HasTag(const rtf::Document& page, std::string_view tag) {
+    const auto tags = page.Tags();
+    return std::find(tags.begin(), tags.end(), tag) != tags.end();
 }
 
 ReportPages::ReportPages(const std::filesystem::path& folder, ReportKind kind, bool engineering)

@@ -20,6 +20,9 @@ enum class ReportKind { economic, environmental };
 /// @throws FileError with its path: it is missing, or it is no rich text
 [[nodiscard]] rtf::Document LoadTemplate(const std::filesystem::path& folder, std::string_view name);
 
+/// @param tag  with its brackets
+[[nodiscard]] bool HasTag(const rtf::Document& page, std::string_view tag);
+
 /// The pages of a report, each a template with its tags filled in.
 class ReportPages {
 public:

@@ -14,7 +14,6 @@ namespace {
 using rtf::Alignment;
 using Row = ThicknessResult;
 
-constexpr int tableWidth = 9360;   // 6.5 in [twip]
 constexpr int leadingWidth = 1240; // of the column that names a row [twip]
 constexpr int economicShading = 10;
 
@@ -27,9 +26,9 @@ std::string Trimmed(std::string_view text) {
 
 /// A leading column and @p count others of the same width.
 rtf::TableBuilder TableOf(std::size_t count) {
-    const int width = (tableWidth - leadingWidth) / static_cast<int>(count);
+    const int width = (reportTextWidth - leadingWidth) / static_cast<int>(count);
     std::vector<rtf::TableColumn> columns(count + 1, {width, Alignment::right});
-    columns.front() = {tableWidth - width * static_cast<int>(count), Alignment::left};
+    columns.front() = {reportTextWidth - width * static_cast<int>(count), Alignment::left};
     return rtf::TableBuilder(std::move(columns));
 }
 
@@ -136,7 +135,7 @@ rtf::Markup ReductionSentences(const ReportInputs& inputs, const TemperatureResu
         return rtf::Paragraphs({NoPollutants(inputs)});
     }
     // Side by side, or the page of a fuel with seven pollutants would not fit on a sheet.
-    rtf::TableBuilder table({{tableWidth / 2, Alignment::left}, {tableWidth / 2, Alignment::left}});
+    rtf::TableBuilder table({{reportTextWidth / 2, Alignment::left}, {reportTextWidth / 2, Alignment::left}});
     for (std::size_t i = 0; i < sentences.size(); i += 2) {
         table.AddRow({sentences[i], i + 1 < sentences.size() ? sentences[i + 1] : ""});
     }

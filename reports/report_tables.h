@@ -9,6 +9,9 @@
 /// The tables of a report, as wide as the text of letter and A4 paper.
 namespace kaloria {
 
+/// Width of the text on letter and A4 paper, 6.5 in [twip].
+inline constexpr int reportTextWidth = 9360;
+
 /// Every thickness at one temperature with its heat flow and money.
 [[nodiscard]] rtf::Markup MoneyTable(const ReportInputs& inputs, const TemperatureResult& step,
                                      const PageFigures& figures, bool isGain);
