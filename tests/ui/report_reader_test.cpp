@@ -137,6 +137,7 @@ private Q_SLOTS:
     void SurvivesHostile();
     void SurvivesDamage();
     void MergesCells();
+    void FitsWideTables();
 };
 
 void ReportReaderTest::Reads_data() {
@@ -170,6 +171,8 @@ void ReportReaderTest::Reads_data() {
     row("fields",
         R"({\field{\*\fldinst HYPERLINK "http://a"}{\fldrslt link}} {\field{\*\fldinst{ PAGE }}{\fldrslt 7}})",
         "link 7");
+    row("raised by a distance", R"(x{\up6 2}\dn4 i\dn0 k)", "x[^ 2][_ i]k");
+    row("blanks in front of a number", R"({\listtext\pard\plain  1.\tab}\ls1 one\par)", "1.\tone");
     row("lists", R"({\listtext\pard\plain 1.\tab}\ls1 one\par{\listtext\tab}none\par)", "1.\tone\nnone");
     row("breaks", R"(a\page b\par\pagebb c\par)", "a\npage1 b\npage1 c");
     row("a table",
@@ -326,6 +329,21 @@ void ReportReaderTest::MergesCells() {
     QCOMPARE(table->cellAt(1, 0).rowSpan(), 2);
     QCOMPARE(document->find(QStringLiteral("1.5")).blockFormat().alignment(), Qt::AlignRight);
     QVERIFY(document->find(QStringLiteral("end")).currentTable() == nullptr);
+}
+
+void ReportReaderTest::FitsWideTables() {
+    // A writer's way of saying "as wide as there is room": 6480 twips between the margins of this sheet.
+    const RichText text = ReadRichText(
+        R"({\rtf1\paperw9360\margl1440\margr1440\trowd\trpaddl50\clpadr200\cellx16383\cellx65532\pard\intbl a\cell b\cell\row})");
+    const auto document = Laid(text);
+    QTextTable* const table = document->find(QStringLiteral("a")).currentTable();
+    QVERIFY(table != nullptr);
+    const auto widths = table->format().columnWidthConstraints();
+    QCOMPARE(qRound(widths.value(0).rawValue() * twipsPerInch / UnitsPerInch()), 1620);
+    QCOMPARE(qRound(widths.value(1).rawValue() * twipsPerInch / UnitsPerInch()), 4860);
+    const QTextTableCellFormat cell = table->cellAt(0, 0).format().toTableCellFormat();
+    QCOMPARE(qRound(cell.leftPadding() * twipsPerInch / UnitsPerInch()), 50);
+    QCOMPARE(qRound(cell.rightPadding() * twipsPerInch / UnitsPerInch()), 200);
 }
 
 } // namespace

@@ -170,6 +170,7 @@ void FrmViewReport::Preview() {
     printer.setPageLayout(viewer::ReportPrinter::LayoutOf(paper_->Text().sections.front()));
     QPrintPreviewDialog dialog(&printer, this);
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* sheet) {
+        sheet->setFullPage(true);
         viewer::ReportPrinter sheets(paper_->Text(), *sheet);
         static_cast<void>(sheets.Print(false));
     });
