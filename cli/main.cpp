@@ -140,7 +140,8 @@ struct Arguments {
 };
 
 std::filesystem::path ProgramFolder(const Arguments& arguments) {
-    return arguments.programFolder.empty() ? ChooseProgramFolder(ProgramPlaces::OfThisProcess())
+    ErrorStream log;
+    return arguments.programFolder.empty() ? ChooseProgramFolder(ProgramPlaces::OfThisProcess(), log)
                                            : std::filesystem::path(arguments.programFolder);
 }
 

@@ -34,6 +34,21 @@ namespace kaloria {
 /// @throws FileFault
 [[nodiscard]] std::string SavedConfigurationText(std::string bytes, const Catalogue& catalogue);
 
+/// The text of the file without the user's records: equal texts are the same supplied data.
+/// @throws FileFault
+[[nodiscard]] std::string SystemConfigurationText(std::string bytes);
+
+struct RenewedConfiguration {
+    std::string text;
+    std::vector<std::string> leftOut; ///< newer system records that the user's stand in the way of, named
+};
+
+/// What ships in @p shipped with the user's records of @p mine behind it. A new system record whose `ID` or
+/// name already belongs to one of the user's is left out, so that every job keeps the records it was made
+/// with.
+/// @throws FileFault when either does not load whole
+[[nodiscard]] RenewedConfiguration RenewedConfigurationText(std::string shipped, std::string mine);
+
 /// Everything wrong or doubtful in the file, in the order of its lines.
 [[nodiscard]] std::vector<FileProblem> CheckConfiguration(const std::filesystem::path& path);
 [[nodiscard]] std::vector<FileProblem> CheckConfigurationText(std::string bytes);

@@ -29,8 +29,9 @@ int main(int argc, char** argv) {
 
     FileSettings settings(FileSettings::UserFile());
     MessageBoxes messages;
-    MainWindow window({ChooseProgramFolder(ProgramPlaces::OfThisProcess()), RecoveryStore::UserFolder()},
-                      settings, messages);
+    MainWindow window(
+        {ChooseProgramFolder(ProgramPlaces::OfThisProcess(), messages), RecoveryStore::UserFolder()},
+        settings, messages);
     window.StartUp();
     window.show();
     const QStringList files = parser.positionalArguments();

@@ -162,21 +162,150 @@ TEST(Settings, FirstStartAsksOnceAndTheFileKeepsTheAnswer) {
     EXPECT_EQ(FileSettings(file).Get("Application", "FirstRun"), "");
 }
 
-TEST(ProgramFolder, IsTheExecutablesOwnOrTheUsersSeededOne) {
-    const ScratchFolder folder;
-    const ProgramPlaces places{folder.Path() / "bin", folder.Path() / "share", folder.Path() / "user"};
+/// Three places below a folder of its own, with what ships in `share`.
+struct ProgramPlacesTest : ::testing::Test {
+    ScratchFolder folder;
+    ProgramPlaces places{folder.Path() / "bin", folder.Path() / "share", folder.Path() / "user"};
+    MessageList messages;
+
+    fs::path Choose() {
+        messages.logged.clear();
+        return ChooseProgramFolder(places, messages);
+    }
+    void Ship(const std::string& name, const std::string& text) const {
+        Write(places.installedResources / name, text);
+    }
+    [[nodiscard]] std::string Mine(const std::string& name) const {
+        return ReadFile(places.userData / name, 10'000);
+    }
+    void WriteMine(const std::string& name, const std::string& text) const {
+        Write(places.userData / name, text);
+    }
+};
+
+TEST_F(ProgramPlacesTest, TheExecutablesOwnTheUsersOrTheShippedFolder) {
     Write(places.executableFolder / "CorvaneConfig.xml", "<own/>");
-    EXPECT_EQ(ChooseProgramFolder(places), places.executableFolder); // unpacked or built by the user
+    EXPECT_EQ(Choose(), places.executableFolder); // unpacked or built by the user
 
     fs::remove(places.executableFolder / "CorvaneConfig.xml");
-    Write(places.installedResources / "CorvaneConfig.xml", "<installed/>");
-    Write(places.installedResources / "images" / "a.png", "picture");
-    Write(places.userData / "Default.kal", "my own default");
-    Write(places.installedResources / "Default.kal", "shipped default");
-    EXPECT_EQ(ChooseProgramFolder(places), places.userData); // /usr/bin, even where root may write
-    EXPECT_EQ(ReadFile(places.userData / "CorvaneConfig.xml", 100), "<installed/>");
-    EXPECT_EQ(ReadFile(places.userData / "images" / "a.png", 100), "picture");
-    EXPECT_EQ(ReadFile(places.userData / "Default.kal", 100), "my own default"); // never overwritten
+    Ship("CorvaneConfig.xml", "<installed/>");
+    Ship("images/a.png", "picture");
+    Ship("kaloria", "program");
+    EXPECT_EQ(Choose(), places.userData); // /usr/bin, even where root may write
+    EXPECT_EQ(Mine("CorvaneConfig.xml"), "<installed/>");
+    EXPECT_EQ(Mine("images/a.png"), "picture");
+    EXPECT_FALSE(fs::exists(places.userData / "kaloria"));
+
+    places.userData = folder.Path() / "share" / "images" / "a.png" / "no folder";
+    EXPECT_EQ(Choose(), places.installedResources);
+    EXPECT_EQ(messages.logged.size(), 1U);
+    places.userData.clear();
+    EXPECT_EQ(Choose(), places.installedResources);
+}
+
+TEST_F(ProgramPlacesTest, AnUpgradeRenewsWhatTheUserHasNotChanged) {
+    Ship("CorvaneConfig.xml", "<c/>");
+    for (const char* name : {"left.rtf", "edited.rtf", "reverted.rtf", "equal.rtf", "no longer.rtf"}) {
+        Ship(name, "version 1");
+    }
+    WriteMine("stranger.rtf", "from elsewhere");
+    Ship("stranger.rtf", "version 1");
+    (void)Choose();
+    EXPECT_EQ(messages.logged.size(), 1U) << "the stranger is told";
+    WriteMine("edited.rtf", "with our logo");
+    WriteMine("reverted.rtf", "with our logo");
+    WriteMine("equal.rtf", "version 2");
+    for (const char* name : {"left.rtf", "edited.rtf", "reverted.rtf", "equal.rtf", "new.rtf"}) {
+        Ship(name, "version 2");
+    }
+    fs::remove(places.installedResources / "no longer.rtf");
+    (void)Choose();
+    ASSERT_EQ(messages.logged.size(), 2U); // edited and not yet reverted
+    EXPECT_NE(messages.logged[0].find("kept as it was changed here"), std::string::npos);
+    WriteMine("reverted.rtf", "version 1");
+    (void)Choose();
+    EXPECT_TRUE(messages.logged.empty()) << "once for each version";
+    EXPECT_EQ(Mine("left.rtf"), "version 2");
+    EXPECT_EQ(Mine("edited.rtf"), "with our logo");
+    EXPECT_EQ(Mine("reverted.rtf"), "version 2");
+    EXPECT_EQ(Mine("equal.rtf"), "version 2");
+    EXPECT_EQ(Mine("new.rtf"), "version 2");
+    EXPECT_EQ(Mine("no longer.rtf"), "version 1");
+    EXPECT_EQ(Mine("stranger.rtf"), "from elsewhere");
+
+    // Without the memory of what was copied everything that differs is the user's.
+    WriteMine("shipped-files.txt", "damaged");
+    Ship("left.rtf", "version 3");
+    (void)Choose();
+    EXPECT_EQ(Mine("left.rtf"), "version 2");
+
+    // A file that cannot be replaced stays, and the others get theirs.
+    fs::remove(places.userData / "new.rtf");
+    fs::create_directory(places.userData / "new.rtf");
+    Ship("new.rtf", "version 3");
+    Ship("one more.rtf", "version 3");
+    (void)Choose();
+    EXPECT_FALSE(messages.logged.empty());
+    EXPECT_EQ(Mine("one more.rtf"), "version 3");
+}
+
+std::string Metals(const std::string& records) {
+    return "<Corvane>\n\t<Insulations />\n\t<BaseMetals>\n" + records +
+           "\t</BaseMetals>\n\t<JacketMaterials />\n" + "\t<Fuels />\n</Corvane>\n";
+}
+
+std::string Metal(int id, const std::string& name, const char* emittance, const char* by = "System") {
+    return "\t\t<BaseMetal ID=\"" + std::to_string(id) + "\" Active=\"True\" Name=\"" + name +
+           "\" CreatedBy=\"" + by + "\" Emittance=\"" + emittance + "\" />\n";
+}
+
+TEST_F(ProgramPlacesTest, AnUpgradedConfigurationKeepsTheUsersRecords) {
+    const std::string steel = Metal(1, "Steel", "0.8");
+    const std::string betterSteel = Metal(1, "Steel", "0.85");
+    const std::string newer = Metal(2, "Monel", "0.4") + Metal(3, "Inconel", "0.3") + Metal(9, "Ours", "0.2");
+    struct Row {
+        const char* why;
+        std::string mine;
+        std::string expected;
+        std::size_t notes;
+    };
+    const Row rows[] = {
+        {"no record of one's own", Metals(steel), Metals(betterSteel + newer), 0},
+        {"a record of one's own", Metals(steel + Metal(4, "Zinc", "0.1", "User")),
+         Metals(betterSteel + newer + Metal(4, "Zinc", "0.1", "User")), 0},
+        {"its ID is taken by a newer one, its name by another: jobs go by them",
+         Metals(steel + Metal(2, "Ours", "0.1", "User")),
+         Metals(betterSteel + Metal(3, "Inconel", "0.3") + Metal(2, "Ours", "0.1", "User")), 1},
+        {"a supplied record was edited", Metals(Metal(1, "Steel", "0.9")), Metals(Metal(1, "Steel", "0.9")),
+         1},
+        {"damaged", "<Corvane><BaseMetals>", "<Corvane><BaseMetals>", 1},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.why);
+        fs::remove_all(places.userData);
+        Ship("CorvaneConfig.xml", Metals(steel));
+        (void)Choose();
+        WriteMine("CorvaneConfig.xml", row.mine);
+        Ship("CorvaneConfig.xml", Metals(betterSteel + newer));
+        (void)Choose();
+        EXPECT_EQ(Mine("CorvaneConfig.xml"), row.expected);
+        EXPECT_EQ(messages.logged.size(), row.notes);
+    }
+
+    // What was left out comes when the user's record has gone, and the next version as well.
+    fs::remove_all(places.userData);
+    Ship("CorvaneConfig.xml", Metals(steel));
+    (void)Choose();
+    WriteMine("CorvaneConfig.xml", rows[2].mine);
+    Ship("CorvaneConfig.xml", Metals(betterSteel + newer));
+    (void)Choose();
+    WriteMine("CorvaneConfig.xml", Metals(betterSteel + Metal(3, "Inconel", "0.3")));
+    (void)Choose();
+    EXPECT_EQ(Mine("CorvaneConfig.xml"), Metals(betterSteel + newer));
+    EXPECT_TRUE(messages.logged.empty());
+    Ship("CorvaneConfig.xml", Metals(steel));
+    (void)Choose();
+    EXPECT_EQ(Mine("CorvaneConfig.xml"), Metals(steel));
 }
 
 } // namespace
