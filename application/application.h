@@ -94,6 +94,10 @@ public:
     /// Calculates the current job. The engine keeps the last solved case until the next call.
     [[nodiscard]] CalculationResult Calculate();
 
+    /// The inputs of the last case that was calculated, for what is drawn of it; null before the first. They
+    /// refer to records: ask after a calculation and before anything is deleted.
+    [[nodiscard]] const CaseInputs* CalculatedCase() const { return case_ ? &*case_ : nullptr; }
+
     /// Appends the line of a calculated case to the audit file at AuditPath; false when there is no path or
     /// no result, or when it could not be written.
     bool AppendAudit(const CalculationResult& result);

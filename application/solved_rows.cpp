@@ -146,6 +146,20 @@ std::vector<SolvedRow> SolveInsulatedRows(const CaseInputs& inputs, CHeatLossCal
     return rows;
 }
 
+SolvedRow SolveRowLike(const SolvedRow& row, const CaseInputs& inputs, CHeatLossCalculator& calculator,
+                       const std::function<void(CHeatLossCalculator&)>& alter) {
+    SolvedRow solved;
+    solved.bare = row.bare;
+    solved.nominal = row.nominal;
+    SetInputs(calculator, inputs);
+    if (!row.bare) {
+        SetLayers(calculator, inputs, row.nominal);
+    }
+    alter(calculator);
+    SolveRow(solved, calculator, inputs);
+    return solved;
+}
+
 RowMoney MoneyOf(const SolvedRow& row, const CaseInputs& inputs, float unitFuelCost, const RowMoney* bare) {
     const FaultTrap trap;
     const double fuelHeat =

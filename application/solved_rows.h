@@ -53,6 +53,12 @@ struct SolvedRow {
 SolveInsulatedRows(const CaseInputs& inputs, CHeatLossCalculator& calculator,
                    const std::function<bool(const SolvedRow&)>& isEnough);
 
+/// The row like @p row alone, with the engine's inputs changed by @p alter just before it is solved. Records
+/// that the change points at must outlive the use of @p calculator.
+[[nodiscard]] SolvedRow SolveRowLike(const SolvedRow& row, const CaseInputs& inputs,
+                                     CHeatLossCalculator& calculator,
+                                     const std::function<void(CHeatLossCalculator&)>& alter);
+
 /// What a row costs and emits in a year; English units, per foot or per square foot.
 struct RowMoney {
     double cost = 0;               ///< [$]

@@ -16,7 +16,6 @@ namespace {
 
 constexpr double feetPerMile = 5280.0;
 constexpr float characteristicLength = 10.0F; // of flats and vertical cylinders [ft]
-constexpr float flatWall = 0.25F;             // metal of a flat surface [in]
 constexpr double tolerance = 0.001;           // of a temperature, pass to pass [degF]
 constexpr double flowTolerance = 1e-6;        // of the settled flow, relative
 constexpr int safeguardPasses = 100;
@@ -175,7 +174,7 @@ void CHeatLossCalculator::SetUpElements() {
     thicknesses_.resize(count);
     equivalents_.resize(count);
     resistances_.resize(count);
-    thicknesses_[0] = flatWall;
+    thicknesses_[0] = geometry::flatWall;
     for (std::size_t i = 1; i < count; ++i) {
         thicknesses_[i] = InsulationLayers[i - 1].Thickness;
     }

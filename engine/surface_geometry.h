@@ -18,6 +18,9 @@ constexpr std::int32_t verticalDuct = 9;   ///< four vertical faces
 constexpr std::int32_t horizontalTank = 10;
 constexpr std::int32_t verticalTank = 11;
 
+/// Metal of every surface but pipes and tubes, which have the wall of their size [in].
+constexpr float flatWall = 0.25F;
+
 [[nodiscard]] constexpr bool IsKnown(std::int32_t code) { return code >= 1 && code <= 11; }
 [[nodiscard]] constexpr bool IsPipe(std::int32_t code) { return code == 1 || code == 2; }
 [[nodiscard]] constexpr bool IsTube(std::int32_t code) { return code == 3 || code == 4; }

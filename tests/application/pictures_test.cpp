@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the pictures of an answer are made of: the section, the plots, the sensitivity. The engine is the
+// witness.
+#include "application/application.h"
+#include "application/job_edit.h"
+#include "application/plot_series.h"
+#include "application/sensitivity.h"
+#include "application/units_switch.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <gmock/gmock.h>
+
+namespace kaloria {
+namespace {
+
+using ::testing::HasSubstr;
+using Sets = std::vector<std::pair<const char*, const char*>>;
+
+class PicturesOf : public ::testing::Test {
+protected:
+    PicturesOf() : application(KALORIA_RESOURCES_DIR, messages) {
+        application.LoadConfigurationFile();
+        application.JobPath = application.DefaultJobPath();
+    }
+
+    CalculationResult Run(const Sets& sets, Units units = Units::english) {
+        EXPECT_TRUE(application.OpenJob());
+        for (const auto& [field, value] : sets) {
+            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
+            EXPECT_FALSE(problem) << *problem;
+        }
+        UnitsChange(application.CurrentJob(), application.Records(), units, SwitchPrecision::full);
+        return application.Calculate();
+    }
+
+    [[nodiscard]] const CaseInputs& Inputs() const { return *application.CalculatedCase(); }
+
+    MessageList messages;
+    CApplication application;
+};
+
+const PlotMark* MarkOf(const PlotModel& plot, PlotMark::Kind kind) {
+    const auto found = std::find_if(plot.marks.begin(), plot.marks.end(),
+                                    [kind](const PlotMark& mark) { return mark.kind == kind; });
+    return found == plot.marks.end() ? nullptr : &*found;
+}
+
+/// The share of a layer comes from its resistance here, and from its temperatures there.
+TEST_F(PicturesOf, SharesAgreeWithTemperaturesOnEveryShape) {
+    const struct {
+        Sets sets;
+        SectionShape shape;
+        const char* subject;
+    } cases[] = {
+        {{}, SectionShape::cylinder, "NPS 6"},
+        {{{"SurfaceGeometry", "Vertical Tube"}, {"PipeSize", "2"}}, SectionShape::cylinder, "NTS 2"},
+        {{{"SurfaceGeometry", "Vertical Flat"}}, SectionShape::slab, "Vertical Flat"},
+        {{{"SurfaceGeometry", "Horizontal Rectangular Duct"}}, SectionShape::box, "24 x 12 in"},
+        {{{"ProcessTemp", "40"}, {"Insulation.1", "26"}}, SectionShape::cylinder, "NPS 6"},
+    };
+    for (const auto& c : cases) {
+        const CalculationResult result = Run(c.sets);
+        ASSERT_TRUE(result.HasAnswer()) << c.subject;
+        for (const std::size_t row : {std::size_t{0}, std::size_t{3}}) {
+            const SectionModel section = MakeSection(result, Inputs(), row);
+            EXPECT_EQ(section.shape, c.shape);
+            EXPECT_EQ(section.subject, c.subject);
+            ASSERT_EQ(section.bands.size(), row == 0 ? 1U : 2U);
+            ASSERT_EQ(section.interfaces.size(), section.bands.size() + 1);
+            const double whole = section.processTemp - section.ambientTemp;
+            for (const SectionBand& band : section.bands) {
+                EXPECT_NEAR(*band.share, (band.insideTemp - band.outsideTemp) / whole, 1e-4) << band.name;
+            }
+            EXPECT_EQ(section.jacket.empty(), row == 0);
+        }
+    }
+}
+
+TEST_F(PicturesOf, SectionOfTwoLayersInSI) {
+    const CalculationResult result = Run({{"InsulationThicknessCalculationType", "Interface Temperatures"},
+                                          {"ProcessTemp", "1400"},
+                                          {"Insulation.1.Thickness", "2"},
+                                          {"Insulation.2", "9"},
+                                          {"Insulation.2.Thickness", "1"}},
+                                         Units::si);
+    ASSERT_TRUE(result.HasAnswer());
+    const SectionModel section = MakeSection(result, Inputs(), 1);
+    ASSERT_EQ(section.bands.size(), 3U);
+    EXPECT_EQ(section.title, "Section at the layers given");
+    EXPECT_EQ(section.processText, "760 °C");
+    // 1200 F is the limit of the material: the inner layer is past it, the outer one is not.
+    EXPECT_EQ(section.bands[1].limit, "above its service limit of 648.9 °C");
+    EXPECT_EQ(section.bands[2].limit, "");
+    for (std::size_t i = 0; i < section.bands.size(); ++i) {
+        EXPECT_FLOAT_EQ(static_cast<float>(section.TempIn(i, 1)),
+                        static_cast<float>(section.interfaces[i + 1].temp));
+        EXPECT_DOUBLE_EQ(section.TempIn(i, 0), section.interfaces[i].temp);
+    }
+    // At the geometric mean radius half of a cylindrical layer's difference has passed.
+    const double inner = section.bore + section.DepthOf(1);
+    const double thickness = section.bands[1].thickness;
+    const double half = (std::sqrt(inner * (inner + thickness)) - inner) / thickness;
+    EXPECT_NEAR(section.TempIn(1, half), (section.bands[1].insideTemp + section.bands[1].outsideTemp) / 2,
+                1e-9);
+    const PlotModel profile = ProfilePlot(section);
+    const auto& points = profile.curves.front().points;
+    EXPECT_NEAR(points.front().y, 760, 1e-4);
+    EXPECT_NEAR(points.back().y, *result.grid.rows[1].cells[0].value, 1e-4);
+    EXPECT_NEAR(points.back().x, section.DepthOf(3) * 25.4, 1e-3);
+    EXPECT_NEAR(MarkOf(profile, PlotMark::Kind::limit)->value, Inputs().ambientTemp / 1.8 - 32 / 1.8, 1e-4);
+}
+
+TEST_F(PicturesOf, PlotsShowTheFiguresOfTheGrid) {
+    for (const Units units : {Units::english, Units::si}) {
+        const CalculationResult result = Run({{"MaxSurfaceTemp", "120"}}, units);
+        const PlotModel plot = ThicknessPlot(result, Inputs(), 3);
+        ASSERT_EQ(plot.curves.size(), 2U);
+        EXPECT_EQ(plot.left.title, units == Units::si ? "Heat Loss, W/m" : "Heat Loss, BTU/hr/ft");
+        EXPECT_EQ(plot.curves[0].points.size(), result.grid.rows.size() - 1);
+        for (const PlotPoint& point : plot.curves[0].points) {
+            const ResultRow& row = result.grid.rows.at(*point.row);
+            EXPECT_EQ(point.x, *row.thickness);
+            EXPECT_EQ(point.y, *row.cells[1].value);
+        }
+        for (const PlotPoint& point : plot.curves[1].points) {
+            EXPECT_EQ(point.y, *result.grid.rows.at(*point.row).cells[0].value);
+        }
+        EXPECT_EQ(MarkOf(plot, PlotMark::Kind::chosen)->value, *result.grid.rows[3].thickness);
+        EXPECT_EQ(MarkOf(plot, PlotMark::Kind::limit)->text,
+                  units == Units::si ? "limit 48.9 °C" : "limit 120 °F");
+    }
+    EXPECT_FALSE(ThicknessPlot(Run({{"InsulationThicknessCalculationType", "Interface Temperatures"},
+                                    {"Insulation.1.Thickness", "2"}}),
+                               Inputs(), 1)
+                     .reason.empty());
+}
+
+/// The curve of the limit crosses the curve of the flow where the goal begins to be met.
+TEST_F(PicturesOf, AFluxLimitIsACurveOnACylinder) {
+    const CalculationResult result =
+        Run({{"InsulationThicknessCalculationType", "Heat Flow Limitation"}, {"HeatFlowLimit", "50"}});
+    const PlotModel plot = ThicknessPlot(result, Inputs(), 1);
+    ASSERT_EQ(plot.curves.size(), 3U);
+    const PlotCurve& flow = plot.curves[0];
+    const PlotCurve& limit = plot.curves[2];
+    EXPECT_EQ(limit.name, "limit 50.0 BTU/hr/ft^2");
+    for (std::size_t i = 0; i < flow.points.size(); ++i) {
+        const ResultRow& row = result.grid.rows.at(*flow.points[i].row);
+        const bool isMet = *row.thickness >= *result.design.value;
+        EXPECT_EQ(flow.points[i].y <= limit.points[i].y, isMet) << row.label;
+    }
+}
+
+TEST_F(PicturesOf, MoneyAndEmissionsOfAYear) {
+    const CalculationResult result = Run({{"InsulationThicknessCalculationType", "Heat Loss Per Year"}});
+    const PlotModel money = YearlyCostPlot(result, 4);
+    ASSERT_EQ(money.curves.size(), 2U);
+    EXPECT_EQ(money.left.title, "Money, $/ft/yr");
+    EXPECT_LT(money.curves[0].points.back().y, money.curves[0].points.front().y); // cost falls
+    EXPECT_GT(money.curves[1].points.back().y, money.curves[1].points.front().y); // savings rise
+    const PlotModel emissions = EmissionPlot(result, 4);
+    EXPECT_EQ(emissions.curves.size(), Inputs().fuel->record->Pollutants.size());
+    // What would lie on the axis beside carbon dioxide has an axis of its own.
+    ASSERT_TRUE(emissions.right);
+    for (const PlotCurve& curve : emissions.curves) {
+        EXPECT_THAT(curve.onRight ? emissions.right->title : emissions.left.title, HasSubstr(curve.name));
+    }
+    EXPECT_FALSE(EmissionPlot(Run({}), 1).reason.empty());
+}
+
+/// Each input moved in the job and in the records, and everything calculated anew, is the same answer.
+TEST_F(PicturesOf, SensitivityAgreesWithAJobThatWasChanged) {
+    const Sets sets{{"InsulationThicknessCalculationType", "Heat Loss Per Hour"},
+                    {"SurfaceGeometry", "Vertical Flat"},
+                    {"WindSpeed", "5"},
+                    {"Insulation.1.Thickness", "2"}};
+    const CalculationResult base = Run(sets);
+    ASSERT_TRUE(base.HasAnswer());
+    const auto all = SensitivityOf(base.solved[1], Inputs());
+    ASSERT_EQ(all.size(), uncertainInputs.size());
+    const std::pair<UncertainInput, std::pair<const char*, const char*>> moved[] = {
+        {UncertainInput::processTemp, {"ProcessTemp", "377.5"}}, // 350 to 75 is 275
+        {UncertainInput::ambientTemp, {"AmbientTemp", "102.5"}},
+        {UncertainInput::windSpeed, {"WindSpeed", "5.5"}},
+        {UncertainInput::thickness, {"Insulation.1.Thickness", "2.2"}},
+        {UncertainInput::emittance, {}},
+        {UncertainInput::conductivity, {}},
+    };
+    for (const auto& [input, change] : moved) {
+        Sets changed = sets;
+        for (CJacketMaterial& jacket : application.JacketMaterials()) {
+            jacket.Emittance *= input == UncertainInput::emittance ? 1.1F : 1.0F;
+        }
+        for (CInsulation& insulation : application.Insulations()) {
+            for (CTemperaturePoint& point : insulation.TemperaturePoints) {
+                point.Conductivity *= input == UncertainInput::conductivity ? 1.1F : 1.0F;
+            }
+            for (float* const coefficient : {&insulation.A, &insulation.B, &insulation.C}) {
+                *coefficient *= input == UncertainInput::conductivity ? 1.1F : 1.0F;
+            }
+        }
+        if (change.first != nullptr) {
+            changed.push_back(change);
+        }
+        const CalculationResult again = Run(changed);
+        ASSERT_TRUE(again.HasAnswer());
+        const auto found = std::find_if(all.begin(), all.end(),
+                                        [input = input](const Sensitivity& s) { return s.input == input; });
+        EXPECT_NEAR(found->high->flow, again.solved[1].comparedFlow / base.solved[1].comparedFlow - 1, 1e-5)
+            << found->name;
+        EXPECT_NEAR(found->high->surface, again.solved[1].surfaceTemp - base.solved[1].surfaceTemp, 2e-3)
+            << found->name;
+        if (input == UncertainInput::emittance) {
+            for (CJacketMaterial& jacket : application.JacketMaterials()) {
+                jacket.Emittance /= 1.1F;
+            }
+        }
+    }
+    for (std::size_t i = 1; i < all.size(); ++i) {
+        EXPECT_GE(std::max(std::abs(all[i - 1].low->flow), std::abs(all[i - 1].high->flow)),
+                  std::max(std::abs(all[i].low->flow), std::abs(all[i].high->flow)));
+    }
+}
+
+TEST_F(PicturesOf, SensitivityLeavesOutWhatTheCaseDoesNotHave) {
+    const CalculationResult result = Run({{"WindSpeed", "0"}});
+    EXPECT_EQ(SensitivityOf(result.solved[0], Inputs()).size(), 3U); // bare, still air
+    EXPECT_EQ(SensitivityOf(result.solved[3], Inputs()).size(), 5U);
+    const PlotModel plot = SensitivityPlot(result, Inputs(), 3);
+    ASSERT_EQ(plot.bars.size(), 2U);
+    // A higher conductivity lets more through and warms the surface, more insulation does the opposite.
+    for (const PlotBars& bars : plot.bars) {
+        for (const PlotBar& bar : bars.bars) {
+            EXPECT_EQ(bar.high > bar.low, bar.name != "Thickness" &&
+                                              (bar.name != "Emittance" || &bars == plot.bars.data()) &&
+                                              (bar.name != "Ambient temp." || &bars != plot.bars.data()))
+                << bars.title << ' ' << bar.name;
+        }
+    }
+    const CalculationResult still = Run({{"ProcessTemp", "75"}});
+    EXPECT_TRUE(SensitivityOf(still.solved[0], Inputs()).empty());
+}
+
+} // namespace
+} // namespace kaloria
