@@ -62,7 +62,7 @@ void FuelDialog::BuildFuel() {
 
 void FuelDialog::BuildPollutants() {
     auto* const column = new QVBoxLayout;
-    Columns().addLayout(column, 1);
+    Columns().addLayout(column, 4);
     QGridLayout& grid = AddCard(tr("Pollutants"), column);
     pollutants_ = new PollutantsGrid(catalogue_, record_);
     if (isSystem_) {

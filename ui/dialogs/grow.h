@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/theme.h"
+
 #include <QLayout>
 #include <QWidget>
 
@@ -25,6 +27,12 @@ inline void FitHeight(QWidget& window, int width) {
     layout->activate();
     window.resize(width, layout->hasHeightForWidth() ? layout->totalHeightForWidth(width)
                                                      : layout->totalSizeHint().height());
+}
+
+/// Height of a grid's row, which follows the size of the text.
+inline int RowHeight(const QWidget& grid) {
+    constexpr int room = 12;
+    return std::max(theme::fieldHeight, grid.fontMetrics().height() + room);
 }
 
 } // namespace kaloria

@@ -130,7 +130,7 @@ void InsulationDialog::SetPolynomial(const CInsulation& record) {
 
 void InsulationDialog::BuildCheck() {
     auto* const column = new QVBoxLayout;
-    Columns().addLayout(column, 1);
+    Columns().addLayout(column, 5);
     QGridLayout& grid = AddCard(tr("Curve as the calculation uses it"), column);
     plot_ = new ConductivityPlot(InUnits());
     grid.addWidget(plot_, 1, 0, 1, 3);
@@ -226,6 +226,7 @@ void InsulationDialog::Blank() {
 
 void InsulationDialog::Summarize(const ConductivityCheck& check,
                                  const std::vector<CTemperaturePoint>& points) {
+    summary_->setVisible(check.hasCurve);
     if (!check.hasCurve) {
         summary_->setText(tr("No curve yet."));
         theme::SetRole(*summary_, "quiet");

@@ -3,6 +3,7 @@
 
 #include "engine/number_text.h"
 #include "ui/dialogs/entry.h"
+#include "ui/dialogs/grow.h"
 #include "ui/dialogs/unit_header.h"
 #include "ui/theme.h"
 
@@ -83,10 +84,10 @@ void PointsGrid::BuildTable() {
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setSectionResizeMode(rowColumn, QHeaderView::ResizeToContents);
     table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(theme::fieldHeight);
+    table_->verticalHeader()->setDefaultSectionSize(RowHeight(*table_));
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setTabKeyNavigation(false);
-    table_->setMinimumHeight(8 * theme::fieldHeight);
+    table_->setMinimumHeight(8 * RowHeight(*table_));
     table_->installEventFilter(this);
 }
 

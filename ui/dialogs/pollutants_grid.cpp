@@ -3,6 +3,7 @@
 
 #include "engine/number_text.h"
 #include "ui/dialogs/entry.h"
+#include "ui/dialogs/grow.h"
 #include "ui/theme.h"
 
 #include <QHeaderView>
@@ -57,10 +58,10 @@ void PollutantsGrid::BuildHeadings() {
     horizontalHeader()->setSectionResizeMode(idColumn, QHeaderView::ResizeToContents);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(theme::fieldHeight);
+    verticalHeader()->setDefaultSectionSize(RowHeight(*this));
     setSelectionMode(QAbstractItemView::SingleSelection);
     setTabKeyNavigation(false);
-    setMinimumSize(300, 9 * theme::fieldHeight);
+    setMinimumSize(300, 9 * RowHeight(*this));
 }
 
 void PollutantsGrid::Append(const CPollutant& pollutant, bool isOfFuel) {

@@ -37,6 +37,7 @@ QString Sentence(const Entry& entry, const QString& fault) {
 RecordDialog::RecordDialog(const QString& name, const QString& title, bool isNew, Units units,
                            QWidget* parent)
     : QDialog(parent), units_(units), isNew_(isNew) {
+    constexpr int leftShare = 4;
     setObjectName(name);
     setWindowTitle(title);
     auto* const page = new QVBoxLayout(this);
@@ -47,7 +48,7 @@ RecordDialog::RecordDialog(const QString& name, const QString& title, bool isNew
     page->addLayout(columns_, 1);
     left_ = new QVBoxLayout;
     left_->setSpacing(theme::cardGap);
-    columns_->addLayout(left_);
+    columns_->addLayout(left_, leftShare);
     BuildFoot();
 }
 
