@@ -83,7 +83,8 @@ void ConductivityPlot::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(theme::CaptionFont());
     const QFontMetrics metrics(theme::CaptionFont());
     const int left = metrics.horizontalAdvance(QStringLiteral("0.0000")) + theme::gap;
-    const QRectF area(left, 2.0 * metrics.height(), width() - left - 2.0 * theme::gap,
+    const int right = theme::gap + metrics.horizontalAdvance(QStringLiteral("-0000")) / 2;
+    const QRectF area(left, 2.0 * metrics.height(), width() - left - right,
                       height() - 4.5 * metrics.height());
     if (!check_.hasCurve && points_.empty()) {
         painter.setPen(theme::Current().quiet);
@@ -114,7 +115,7 @@ void ConductivityPlot::DrawAxes(QPainter& painter, const QRectF& area) const {
     for (long i = 0; i <= steps(temperature_); ++i) {
         const double value = temperature_.low + static_cast<double>(i) * temperature_.step;
         const double x = area.left() + area.width() * temperature_.Share(value);
-        painter.drawText(QRectF(x - 40, area.bottom() + 4, 80, text), Qt::AlignHCenter,
+        painter.drawText(QRectF(x - 2 * text, area.bottom() + 4, 4 * text, text), Qt::AlignHCenter,
                          TickText(temperature_, value));
     }
     painter.drawText(QRectF(0, 0, width(), text), Qt::AlignLeft,

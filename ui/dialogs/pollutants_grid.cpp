@@ -61,7 +61,7 @@ void PollutantsGrid::BuildHeadings() {
     verticalHeader()->setDefaultSectionSize(RowHeight(*this));
     setSelectionMode(QAbstractItemView::SingleSelection);
     setTabKeyNavigation(false);
-    setMinimumSize(300, 9 * RowHeight(*this));
+    setMinimumSize(fontMetrics().horizontalAdvance(QString(40, u'0')), 9 * RowHeight(*this));
 }
 
 void PollutantsGrid::Append(const CPollutant& pollutant, bool isOfFuel) {
