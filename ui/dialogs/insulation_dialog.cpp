@@ -109,6 +109,12 @@ void InsulationDialog::BuildPolynomial(QGridLayout& grid) {
     a_ = &AddNumber(grid, QStringLiteral("A"), tr("&A:"));
     b_ = &AddNumber(grid, QStringLiteral("B"), tr("&B:"));
     c_ = &AddNumber(grid, QStringLiteral("C"), tr("&C:"));
+    // A coefficient whose first zeros are out of sight reads as another one.
+    const int width =
+        fontMetrics().horizontalAdvance(QStringLiteral("-0.00000000000000000")) + 3 * theme::gap;
+    for (NumberEntry* const entry : {a_, b_, c_}) {
+        entry->Line()->setFixedWidth(width);
+    }
     a_->SetUnit(k);
     b_->SetUnit(tr("%1 per %2").arg(k, t));
     c_->SetUnit(tr("%1 per %2²").arg(k, t));
