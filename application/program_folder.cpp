@@ -25,7 +25,9 @@ fs::path FromEnvironment(const char* name) {
 ProgramPlaces ProgramPlaces::OfThisProcess() {
     std::error_code error;
     ProgramPlaces places;
-    places.executableFolder = fs::read_symlink("/proc/self/exe", error).parent_path();
+    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+    // Without /proc, in a bare chroot, the programs are those of a package.
+    places.executableFolder = executable.empty() ? fs::path("/usr/bin") : executable.parent_path();
     places.installedResources = places.executableFolder.parent_path() / "share" / "kaloria";
     const fs::path data = FromEnvironment("XDG_DATA_HOME");
     const fs::path home = FromEnvironment("HOME");
