@@ -6,12 +6,12 @@
 BUILD_PACKAGES=(
     g++ cmake ninja-build ccache
     libpugixml-dev libfmt-dev nlohmann-json3-dev libcli11-dev libxlsxwriter-dev
-    qt6-base-dev
+    qt6-base-dev qt6-svg-dev libqcustomplot-dev
     libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev
 )
 
 # In addition for scripts/check. Names without a version: whatever clang the distribution takes as its own.
-CHECK_PACKAGES=(clang libclang-rt-dev clang-tidy clang-format python3)
+CHECK_PACKAGES=(clang libclang-rt-dev clang-tidy clang-format pkgconf python3)
 
 # install_packages PACKAGE...: installs what is missing, and does nothing when all is there.
 install_packages() {
