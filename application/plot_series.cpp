@@ -115,7 +115,7 @@ PlotCurve FluxLimitCurve(const CalculationResult& result, const CaseInputs& inpu
                              InfoOf(Quantity::heatFlux).Text(result.units));
     curve.color = PlotColor::quiet;
     curve.dots = false;
-    curve.dashed = true;
+    curve.style = 1;
     for (const PlotPoint& point : flow.points) {
         const double flux = std::abs(result.solved.at(point.row.value_or(0)).meanFlux);
         if (flux > 0) {
@@ -150,6 +150,31 @@ void AddLimit(PlotModel& plot, const CalculationResult& result, const CaseInputs
     }
 }
 
+double GreatestOf(const PlotCurve& curve) {
+    double greatest = 0;
+    for (const PlotPoint& point : curve.points) {
+        greatest = std::max(greatest, point.y);
+    }
+    return greatest;
+}
+
+/// Of two axes with the same title each says what belongs to it: the one name, or that it is the others.
+void NameAxes(PlotModel& plot) {
+    for (const bool isRight : {false, true}) {
+        std::string name;
+        int count = 0;
+        for (const PlotCurve& curve : plot.curves) {
+            if (curve.onRight == isRight) {
+                name = curve.name;
+                ++count;
+            }
+        }
+        std::string& title = isRight ? plot.right->title : plot.left.title;
+        const std::string unit = title.substr(title.find(", "));
+        title = (count == 1 ? name : isRight ? "Others" : "Most") + unit;
+    }
+}
+
 } // namespace
 
 PlotModel ThicknessPlot(const CalculationResult& result, const CaseInputs& inputs, std::size_t row) {
@@ -171,15 +196,15 @@ PlotModel ThicknessPlot(const CalculationResult& result, const CaseInputs& input
 PlotModel ProfilePlot(const SectionModel& section) {
     constexpr int pieces = 16;
     PlotModel plot;
-    plot.title = "Through the layers";
+    plot.title = "Temperature";
     plot.x = {Titled("From the inside of the wall", Quantity::length, section.units), true};
     plot.left = {Titled("Temperature", Quantity::temperature, section.units), false};
     const auto length = [&](double inches) { return FromEnglish(Quantity::length, section.units, inches); };
     const auto temperature = [&](double degF) {
         return FromEnglish(Quantity::temperature, section.units, degF);
     };
-    PlotCurve line{"Temperature", PlotColor::accent, false, true, false, false, {}};
-    PlotCurve known{"Interfaces", PlotColor::accent, false, false, true, false, {}};
+    PlotCurve line{"Temperature", PlotColor::accent, false, true, false, 0, {}};
+    PlotCurve known{"Interfaces", PlotColor::accent, false, false, true, 0, {}};
     for (std::size_t band = 0; band < section.bands.size(); ++band) {
         const double from = section.DepthOf(band);
         for (int i = 0; i <= pieces; ++i) {
@@ -222,39 +247,29 @@ PlotModel YearlyCostPlot(const CalculationResult& result, std::size_t row) {
 PlotModel EmissionPlot(const CalculationResult& result, std::size_t row) {
     PlotModel plot = AgainstThickness(result, row);
     const ResultsGrid& grid = result.grid;
-    const std::vector<std::size_t> columns = ColumnsOf(grid, ResultKind::emission);
     std::vector<PlotCurve> curves;
     double greatest = 0;
-    for (const std::size_t column : columns) {
+    for (const std::size_t column : ColumnsOf(grid, ResultKind::emission)) {
         curves.push_back(CurveOf(grid, column));
-        for (const PlotPoint& point : curves.back().points) {
-            greatest = std::max(greatest, point.y);
-        }
+        plot.left.title = grid.columns[column].unit;
+        greatest = std::max(greatest, GreatestOf(curves.back()));
+    }
+    if (!plot.left.title.empty()) {
+        plot.left = {"Emissions, " + plot.left.title.substr(1, plot.left.title.size() - 2), true};
     }
     // Carbon dioxide is hundreds of times the rest, which would lie on the axis: what is less than a tenth of
     // the greatest has the right one.
-    for (std::size_t i = 0; i < curves.size(); ++i) {
-        double most = 0;
-        for (const PlotPoint& point : curves[i].points) {
-            most = std::max(most, point.y);
-        }
-        const bool isSmall = most < greatest / 10;
-        curves[i].onRight = isSmall;
-        curves[i].color = isSmall ? PlotColor::second : PlotColor::accent;
-        curves[i].dashed = std::any_of(plot.curves.begin(), plot.curves.end(), [&](const PlotCurve& other) {
-            return other.onRight == isSmall && !other.dashed;
-        });
-        const std::string title = TitleOf(grid.columns[columns[i]]);
-        PlotAxis axis{title, true};
-        if (isSmall) {
-            axis.title = plot.right ? grid.columns[columns[i]].name + ", " + plot.right->title : title;
-            plot.right = axis;
-        } else {
-            axis.title =
-                plot.left.title.empty() ? title : grid.columns[columns[i]].name + ", " + plot.left.title;
-            plot.left = axis;
-        }
-        AddCurve(plot, std::move(curves[i]));
+    int styles[2] = {0, 0};
+    for (PlotCurve& curve : curves) {
+        curve.onRight = GreatestOf(curve) < greatest / 10;
+        curve.color = curve.onRight ? PlotColor::second : PlotColor::accent;
+        curve.style = styles[curve.onRight ? 1 : 0]++;
+        curve.dots = curve.style == 0;
+        AddCurve(plot, std::move(curve));
+    }
+    if (styles[1] > 0) {
+        plot.right = PlotAxis{plot.left.title, true};
+        NameAxes(plot);
     }
     CheckEmpty(plot, "This calculation has no emissions against thickness.");
     return plot;
@@ -273,7 +288,7 @@ PlotModel ConductivityCurve(const ConductivityCheck& check, const std::vector<CT
                                 FromEnglish(Quantity::conductivity, units, k),
                                 {}});
     };
-    PlotCurve fitted{"Curve", PlotColor::accent, false, true, false, false, {}};
+    PlotCurve fitted{"Curve", PlotColor::accent, false, true, false, 0, {}};
     if (check.hasCurve) {
         for (int i = 0; i <= pieces; ++i) {
             const double t =
@@ -281,7 +296,7 @@ PlotModel ConductivityCurve(const ConductivityCheck& check, const std::vector<CT
             add(fitted, t, check.curve.ConductivityAt(t));
         }
     }
-    PlotCurve measured{"Points", PlotColor::second, false, false, true, false, {}};
+    PlotCurve measured{"Points", PlotColor::second, false, false, true, 0, {}};
     for (const CTemperaturePoint& point : points) {
         add(measured, point.Temperature, point.Conductivity);
     }
@@ -299,9 +314,9 @@ PlotModel EconomicPlot(const SurfaceResult& surface, const TemperatureResult& re
     plot.title = fmt::format("{} at {}", surface.name, ShortTempText(result.temperature, units));
     plot.x = {Titled("Nominal thickness", Quantity::length, units), true};
     plot.left = {Titled("Over its life, after tax", money, units), true};
-    PlotCurve capital{"Capital", PlotColor::second, false, true, false, false, {}};
-    PlotCurve energy{"Energy", PlotColor::second, false, true, false, true, {}};
-    PlotCurve total{"Total", PlotColor::accent, false, true, true, false, {}};
+    PlotCurve capital{"Capital", PlotColor::second, false, true, false, 0, {}};
+    PlotCurve energy{"Energy", PlotColor::second, false, true, false, 1, {}};
+    PlotCurve total{"Total", PlotColor::accent, false, true, true, 0, {}};
     for (const ThicknessResult& row : result.rows) {
         if (row.IsSolved() && row.curve) {
             const double x = FromEnglish(Quantity::length, units, row.nominal);

@@ -28,7 +28,7 @@ struct PlotCurve {
     bool onRight = false; ///< belongs to the right axis
     bool line = true;     ///< joins its points
     bool dots = true;     ///< marks its points
-    bool dashed = false;
+    int style = 0;        ///< of the line: 0 solid, then dashes and dots in turn
     std::vector<PlotPoint> points;
 };
 
@@ -63,6 +63,8 @@ struct PlotBar {
 struct PlotBars {
     std::string title; ///< with its unit
     std::vector<PlotBar> bars;
+    std::string lowName; ///< what the two sides stand for
+    std::string highName;
 };
 
 /// Everything that a plot shows, in the units and words of the person.

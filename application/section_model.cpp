@@ -114,7 +114,7 @@ private:
             const SolvedLayer& layer = row_.layers[i];
             AddBand(false, layer.name, layer.thickness, layer.insideTemp, layer.outsideTemp,
                     layer.conductivity);
-            model_.bands.back().limit = ServiceLimit(inputs_.layers.at(i).material, layer);
+            CheckServiceLimit(inputs_.layers.at(i).material, layer, model_.bands.back());
         }
         if (!row_.layers.empty()) {
             model_.jacket = inputs_.jacket->Name;
@@ -122,17 +122,19 @@ private:
     }
 
     /// The same rule as the warnings of a calculation.
-    [[nodiscard]] std::string ServiceLimit(const CInsulation& material, const SolvedLayer& layer) const {
+    void CheckServiceLimit(const CInsulation& material, const SolvedLayer& layer, SectionBand& band) const {
         constexpr float hair = 0.05F; // [degF]
-        if (material.MaxTemp == 0.0F && material.MinTemp == 0.0F) {
-            return {};
-        }
         const auto [low, high] = std::minmax(layer.insideTemp, layer.outsideTemp);
-        if (high > material.MaxTemp + hair) {
-            return "above its service limit of " + LimitText(material.MaxTemp);
+        if (material.MaxTemp == 0.0F && material.MinTemp == 0.0F) {
+            return;
         }
-        return low < material.MinTemp - hair ? "below its service limit of " + LimitText(material.MinTemp)
-                                             : std::string();
+        if (high > material.MaxTemp + hair) {
+            band.limit = "above its service limit of " + LimitText(material.MaxTemp);
+            band.limitWord = "too hot";
+        } else if (low < material.MinTemp - hair) {
+            band.limit = "below its service limit of " + LimitText(material.MinTemp);
+            band.limitWord = "too cold";
+        }
     }
 
     void AddInterfaces() {

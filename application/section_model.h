@@ -26,7 +26,8 @@ struct SectionBand {
     std::string meanTempText;
     std::optional<double> share; ///< of the whole resistance, film included [0..1]; none without a flow
     std::string shareText;
-    std::string limit; ///< the service limit that it exceeds; empty within its range
+    std::string limit;     ///< the service limit that it exceeds; empty within its range
+    std::string limitWord; ///< "too hot" or "too cold" then
 };
 
 /// A place where a temperature is known: bands[i] lies between interfaces i and i + 1.

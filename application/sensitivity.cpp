@@ -129,9 +129,9 @@ double Influence(const Sensitivity& sensitivity) {
     return std::max(low, high);
 }
 
-std::string SignedText(double value, const char* unit) {
+std::string SignedText(double value) {
     const std::string text = FormatNumber(value, NumberFormat::tenths);
-    return fmt::format("{}{} {}", text.front() == '-' || text == "0.0" ? "" : "+", text, unit);
+    return text.front() == '-' || text == "0.0" ? text : "+" + text;
 }
 
 } // namespace
@@ -156,10 +156,11 @@ std::vector<Sensitivity> SensitivityOf(const SolvedRow& row, const CaseInputs& i
 
 PlotModel SensitivityPlot(const CalculationResult& result, const CaseInputs& inputs, std::size_t row) {
     PlotModel plot;
-    plot.title = "Sensitivity";
+    plot.title = row == 0 ? "Bare" : "At " + RowCaption(result, row);
     const auto unit = InfoOf(Quantity::temperatureDifference).Text(result.units);
-    PlotBars flow{fmt::format("{}, %", inputs.IsCold() ? "Heat Gain" : "Heat Loss"), {}};
-    PlotBars surface{fmt::format("Surface, {}", unit), {}};
+    PlotBars flow{
+        fmt::format("{}, %", inputs.IsCold() ? "Heat Gain" : "Heat Loss"), {}, "10 % lower", "10 % higher"};
+    PlotBars surface{fmt::format("Surface, {}", unit), {}, flow.lowName, flow.highName};
     for (const Sensitivity& one : SensitivityOf(result.solved.at(row), inputs)) {
         if (!one.low || !one.high) {
             plot.note += fmt::format("{} has no solution at one end. ", one.name);
@@ -168,16 +169,14 @@ PlotModel SensitivityPlot(const CalculationResult& result, const CaseInputs& inp
         const auto degrees = [&](double degF) {
             return FromEnglish(Quantity::temperatureDifference, result.units, degF);
         };
-        const PlotBar flowBar{one.name, one.low->flow * 100, one.high->flow * 100,
-                              SignedText(one.low->flow * 100, "%"), SignedText(one.high->flow * 100, "%")};
-        const double low = degrees(one.low->surface);
-        const double high = degrees(one.high->surface);
-        const std::string unitText(unit);
-        const PlotBar surfaceBar{one.name, low, high, SignedText(low, unitText.c_str()),
-                                 SignedText(high, unitText.c_str())};
-        plot.description +=
-            fmt::format(" {} 10 % lower: heat flow {}, surface {}; 10 % higher: {}, {}.", one.name,
-                        flowBar.lowText, surfaceBar.lowText, flowBar.highText, surfaceBar.highText);
+        const auto bar = [&one](double low, double high) {
+            return PlotBar{one.name, low, high, SignedText(low), SignedText(high)};
+        };
+        const PlotBar flowBar = bar(one.low->flow * 100, one.high->flow * 100);
+        const PlotBar surfaceBar = bar(degrees(one.low->surface), degrees(one.high->surface));
+        plot.description += fmt::format(
+            " {} 10 % lower: heat flow {} %, surface {} {}; 10 % higher: {} %, {} {}.", one.name,
+            flowBar.lowText, surfaceBar.lowText, unit, flowBar.highText, surfaceBar.highText, unit);
         flow.bars.push_back(flowBar);
         surface.bars.push_back(surfaceBar);
     }
@@ -185,9 +184,7 @@ PlotModel SensitivityPlot(const CalculationResult& result, const CaseInputs& inp
         plot.reason = "There is no heat flow to compare with.";
     } else {
         plot.bars = {std::move(flow), std::move(surface)};
-        plot.note +=
-            fmt::format("Each input 10 % lower and higher, temperatures by 10 % of process less ambient; {}.",
-                        RowCaption(result, row));
+        plot.note += "Of the temperatures 10 % of process less ambient.";
     }
     plot.description = plot.title + "." + plot.description + " " + plot.note + plot.reason;
     return plot;

@@ -3,6 +3,7 @@
 
 #include "application/grid_export.h"
 #include "application/headline.h"
+#include "ui/pictures/picture_row.h"
 #include "ui/report_card.h"
 #include "ui/results_delegate.h"
 #include "ui/theme.h"
@@ -66,13 +67,9 @@ ResultsView::ResultsView(Session& session, QWidget* parent) : QWidget(parent), s
     stale_->hide();
     layout->addWidget(stale_);
     layout->addWidget(BuildFigures());
-    fraPictures_ = new QWidget(this);
-    fraPictures_->setObjectName(QStringLiteral("fraPictures"));
-    pictures_ = new QHBoxLayout(fraPictures_);
-    pictures_->setContentsMargins(0, 0, 0, 0);
-    pictures_->setSpacing(theme::cardGap);
-    layout->addWidget(fraPictures_);
-    fraPictures_->hide();
+    pictures_ = new PictureRow(session_, this);
+    layout->addWidget(pictures_);
+    pictures_->hide(); // until there is an answer
     columns_ = new QBoxLayout(QBoxLayout::TopToBottom);
     columns_->setSpacing(theme::cardGap);
     auto* const answer = new QVBoxLayout;
@@ -91,9 +88,30 @@ ResultsView::ResultsView(Session& session, QWidget* parent) : QWidget(parent), s
     columns_->addWidget(report_, 2, Qt::AlignTop);
     layout->addStretch(1);
     connect(report_, &ReportCard::Appended, this, &ResultsView::Said);
+    ConnectPictures();
     connect(&session_, &Session::Calculated, this, &ResultsView::ShowResult);
     connect(&session_, &Session::Stale, this, &ResultsView::ShowStale);
     ShowStale();
+}
+
+/// Grid, section and plot point to the same case when one of them is pointed at or chosen.
+void ResultsView::ConnectPictures() {
+    connect(this, &ResultsView::RowChosen, pictures_, &PictureRow::ShowRow);
+    grid_->setMouseTracking(true);
+    grid_->viewport()->installEventFilter(this);
+    connect(grid_, &QTableView::entered, pictures_,
+            [this](const QModelIndex& index) { pictures_->PointAt(index.row()); });
+    connect(pictures_, &PictureRow::RowPointedAt, grid_, [this](int row) {
+        grid_->selectionModel()->select(model_.index(row, 0),
+                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    });
+    connect(pictures_, &PictureRow::RowLeft, grid_, [this] {
+        const QModelIndex current = grid_->currentIndex();
+        grid_->selectionModel()->select(current,
+                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    });
+    connect(pictures_, &PictureRow::RowChosen, grid_,
+            [this](int row) { grid_->setCurrentIndex(model_.index(row, 0)); });
 }
 
 QWidget* ResultsView::BuildFigures() {
@@ -181,6 +199,7 @@ void ResultsView::ShowResult() {
     report_->Refresh();
     report_->show();
     ShowNotices();
+    pictures_->show();
     Q_EMIT RowChosen(followsDesign ? static_cast<int>(headline.value_or(0)) : before);
 }
 
@@ -238,6 +257,7 @@ void ResultsView::ShowStale() {
     model_.SetStale(true);
     grid_->setEnabled(false);
     ShowFigures(-1);
+    pictures_->SetStale();
     report_->setVisible(false);
     ShowNotices();
 }
@@ -307,6 +327,9 @@ bool ResultsView::eventFilter(QObject* watched, QEvent* event) {
         static_cast<QResizeEvent*>(event)->oldSize().width() !=
             static_cast<QResizeEvent*>(event)->size().width()) {
         FitGrid();
+    }
+    if (watched == grid_->viewport() && event->type() == QEvent::Leave) {
+        pictures_->PointAway();
     }
     return QWidget::eventFilter(watched, event);
 }

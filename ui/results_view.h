@@ -9,16 +9,16 @@
 #include <array>
 
 class QBoxLayout;
-class QHBoxLayout;
 class QLabel;
 class QTableView;
 class QVBoxLayout;
 
 namespace kaloria {
 
+class PictureRow;
 class ReportCard;
 
-/// The answer: four figures, the place of the pictures, the grid `flxResults`, what needs care, and the
+/// The answer: four figures, two pictures, the grid `flxResults`, what needs care, and the
 /// report panel. While it does not belong to the inputs it is greyed, with the reason.
 class ResultsView final : public QWidget {
     Q_OBJECT
@@ -26,8 +26,7 @@ class ResultsView final : public QWidget {
 public:
     explicit ResultsView(Session& session, QWidget* parent = nullptr);
 
-    /// Where pictures of the answer are put; hidden while empty.
-    [[nodiscard]] QHBoxLayout* Pictures() const { return pictures_; }
+    [[nodiscard]] PictureRow* Pictures() const { return pictures_; }
     [[nodiscard]] QTableView* Grid() const { return grid_; }
 
     void CopyGrid() const;
@@ -54,13 +53,13 @@ private:
     void ShowFigures(int row);
     void ShowNotices();
     void FitGrid();
+    void ConnectPictures();
     void AddNotice(const char* role, const QString& text);
 
     Session& session_;
     ResultsModel model_;
     std::array<FigureCard, 4> figures_;
-    QWidget* fraPictures_ = nullptr;
-    QHBoxLayout* pictures_ = nullptr;
+    PictureRow* pictures_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QTableView* grid_ = nullptr;
     QLabel* stale_ = nullptr;

@@ -133,6 +133,10 @@ QPushButton:checked { background: {accentSoft}; color: {accent}; font-weight: 60
 QPushButton[role="primary"], QPushButton:default { background: {accent}; color: {onAccent}; border: 1px solid {accent}; font-weight: 600; }
 QPushButton[role="primary"]:disabled, QPushButton:default:disabled { background: {line}; color: {quiet}; border: 1px solid {line}; }
 QPushButton[role="primary"]:focus, QPushButton:default:focus { border: 2px solid {text}; padding: 4px 13px; }
+QPushButton[role="segment"] { background: transparent; border: 1px solid transparent; border-radius: 4px; color: {quiet}; padding: 1px 6px; }
+QPushButton[role="segment"]:hover { color: {text}; }
+QPushButton[role="segment"]:checked { background: {accentSoft}; color: {accent}; font-weight: 400; }
+QPushButton[role="segment"]:focus { border: 1px solid {accent}; }
 QPushButton[role="link"] { background: transparent; border: 1px solid transparent; color: {second}; padding: 2px 4px; }
 QPushButton[role="link"]:focus { border: 1px solid {second}; }
 
