@@ -2,29 +2,40 @@
 #include "ui/help_pages.h"
 
 #include "application/disclaimer_text.h"
-#include "data/atomic_file.h"
 #include "ui/field_card.h"
 #include "ui/file_dialogs.h"
 #include "ui/minor_windows.h"
 #include "ui/theme.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTextBlock>
-#include <QTextFragment>
+#include <QTextCursor>
 #include <QUrl>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace kaloria {
 
 namespace {
-constexpr std::size_t longestGuide = 4u << 20u;
+constexpr qint64 longestGuide = qint64{4} << 20U;
 constexpr int widestPicture = 900;
 constexpr int readableWidth = 760;
+
+/// "Costs, payback, emissions" is found as "costs-payback-emissions".
+QString AnchorOf(const QString& heading) {
+    QString anchor;
+    for (const QChar c : heading.toLower()) {
+        if (c.isLetterOrNumber() || c == u'-' || c == u'_') {
+            anchor += c;
+        } else if (c == u' ') {
+            anchor += u'-';
+        }
+    }
+    return anchor;
+}
 } // namespace
 
 GuidePage::GuidePage(const std::filesystem::path& programFolder, QWidget* parent)
@@ -40,17 +51,34 @@ void GuidePage::showEvent(QShowEvent* event) {
     QTextBrowser::showEvent(event);
     if (!isLoaded_) {
         isLoaded_ = true; // not at start-up: pictures take their time
-        Load();
+        setSource(QUrl::fromLocalFile(files::ToQt(file_)), QTextDocument::MarkdownResource);
     }
 }
 
-void GuidePage::Load() {
-    try {
-        const std::string text = ReadFile(file_, longestGuide);
-        document()->setBaseUrl(QUrl::fromLocalFile(files::ToQt(file_.parent_path()) + u'/'));
-        setMarkdown(ToQt(text));
-    } catch (const FileError&) {
+void GuidePage::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
+    const QFileInfo page(name.toLocalFile());
+    if (page.isFile() && page.size() <= longestGuide) {
+        QTextBrowser::doSetSource(name, type);
+        NameHeadings();
+        if (name.hasFragment()) {
+            scrollToAnchor(name.fragment());
+        }
+    } else if (source().isEmpty()) {
         setPlainText(tr("The guide is not there: %1").arg(files::ToQt(file_)));
+    } // a reference to what does not ship leaves the page in hand
+}
+
+/// Headings get the names that references within Markdown pages know them by.
+void GuidePage::NameHeadings() {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+            QTextCharFormat named;
+            named.setAnchor(true);
+            named.setAnchorNames({AnchorOf(block.text())});
+            QTextCursor heading(block);
+            heading.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+            heading.mergeCharFormat(named);
+        }
     }
 }
 

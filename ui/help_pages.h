@@ -10,7 +10,8 @@
 
 namespace kaloria {
 
-/// The user guide, "user-guide.md" of the program folder with the pictures beside it.
+/// The user guide, "user-guide.md" of the program folder with the pictures beside it and the pages that it
+/// refers to; Alt+Left goes back to where one came from.
 class GuidePage final : public QTextBrowser {
     Q_OBJECT
 
@@ -20,9 +21,10 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     QVariant loadResource(int type, const QUrl& name) override;
+    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
 
 private:
-    void Load();
+    void NameHeadings();
     std::filesystem::path file_;
     bool isLoaded_ = false;
 };
