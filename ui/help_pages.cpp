@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QTextTable>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -23,6 +24,7 @@ namespace {
 constexpr qint64 longestGuide = qint64{4} << 20U;
 constexpr int widestPicture = 900;
 constexpr int readableWidth = 760;
+constexpr int laidOut = 1; ///< state of a page's first block
 
 /// "Costs, payback, emissions" is found as "costs-payback-emissions".
 QString AnchorOf(const QString& heading) {
@@ -35,6 +37,46 @@ QString AnchorOf(const QString& heading) {
         }
     }
     return anchor;
+}
+
+void LayOutTable(QTextTable& table) {
+    const QTextTableCell corner = table.cellAt(0, 0);
+    if (QTextCursor cursor = corner.firstCursorPosition();
+        cursor.block().text().isEmpty() && corner.lastPosition() > corner.firstPosition()) {
+        cursor.deleteChar(); // Qt's reader begins a table behind a listing with an empty line
+    }
+    QTextTableFormat format = table.format();
+    format.setBorderCollapse(true);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(theme::Current().line);
+    format.setCellSpacing(0);
+    format.setCellPadding(theme::gap / 2.0);
+    format.setTopMargin(theme::gap);
+    format.setBottomMargin(theme::gap);
+    table.setFormat(format);
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    for (int column = 0; column < table.columns(); ++column) {
+        QTextCursor heading = table.cellAt(0, column).firstCursorPosition();
+        heading.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        heading.mergeCharFormat(bold);
+    }
+}
+
+/// Listings stand a little to the right, and headings have the names by which references know them.
+void LayOutBlock(const QTextBlock& block) {
+    QTextCursor cursor(block);
+    if (block.blockFormat().hasProperty(QTextFormat::BlockCodeFence)) {
+        QTextBlockFormat listing;
+        listing.setLeftMargin(theme::pageMargin);
+        cursor.mergeBlockFormat(listing);
+    } else if (block.blockFormat().headingLevel() > 0) {
+        QTextCharFormat named;
+        named.setAnchor(true);
+        named.setAnchorNames({AnchorOf(block.text())});
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(named);
+    }
 }
 } // namespace
 
@@ -59,7 +101,7 @@ void GuidePage::doSetSource(const QUrl& name, QTextDocument::ResourceType type) 
     const QFileInfo page(name.toLocalFile());
     if (page.isFile() && page.size() <= longestGuide) {
         QTextBrowser::doSetSource(name, type);
-        NameHeadings();
+        LayOut();
         if (name.hasFragment()) {
             scrollToAnchor(name.fragment());
         }
@@ -68,17 +110,19 @@ void GuidePage::doSetSource(const QUrl& name, QTextDocument::ResourceType type) 
     } // a reference to what does not ship leaves the page in hand
 }
 
-/// Headings get the names that references within Markdown pages know them by.
-void GuidePage::NameHeadings() {
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() > 0) {
-            QTextCharFormat named;
-            named.setAnchor(true);
-            named.setAnchorNames({AnchorOf(block.text())});
-            QTextCursor heading(block);
-            heading.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-            heading.mergeCharFormat(named);
+void GuidePage::LayOut() {
+    QTextBlock first = document()->begin();
+    if (first.userState() == laidOut) {
+        return; // a reference within the page
+    }
+    first.setUserState(laidOut);
+    for (QTextFrame* const frame : document()->rootFrame()->childFrames()) {
+        if (auto* const table = qobject_cast<QTextTable*>(frame)) {
+            LayOutTable(*table);
         }
+    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        LayOutBlock(block);
     }
 }
 

@@ -24,7 +24,7 @@ protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
 
 private:
-    void NameHeadings();
+    void LayOut();
     std::filesystem::path file_;
     bool isLoaded_ = false;
 };
