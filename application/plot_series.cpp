@@ -203,8 +203,8 @@ PlotModel ProfilePlot(const SectionModel& section) {
     const auto temperature = [&](double degF) {
         return FromEnglish(Quantity::temperature, section.units, degF);
     };
-    PlotCurve line{"Temperature", PlotColor::accent, false, true, false, 0, {}};
-    PlotCurve known{"Interfaces", PlotColor::accent, false, false, true, 0, {}};
+    PlotCurve line{"Temperature", PlotColor::accent, false, true, false, 0, {}, true};
+    PlotCurve known{"Interfaces", PlotColor::accent, false, false, true, 0, {}, true};
     for (std::size_t band = 0; band < section.bands.size(); ++band) {
         const double from = section.DepthOf(band);
         for (int i = 0; i <= pieces; ++i) {
@@ -219,6 +219,7 @@ PlotModel ProfilePlot(const SectionModel& section) {
         known.points.push_back({length(section.DepthOf(i)), temperature(section.interfaces[i].temp), {}});
     }
     AddCurve(plot, std::move(line));
+    known.named = false;
     AddCurve(plot, std::move(known));
     if (section.fault.empty()) {
         plot.marks.push_back({PlotMark::Kind::limit, temperature(section.ambientTemp), false,
@@ -288,7 +289,7 @@ PlotModel ConductivityCurve(const ConductivityCheck& check, const std::vector<CT
                                 FromEnglish(Quantity::conductivity, units, k),
                                 {}});
     };
-    PlotCurve fitted{"Curve", PlotColor::accent, false, true, false, 0, {}};
+    PlotCurve fitted{"Curve", PlotColor::accent, false, true, false, 0, {}, true};
     if (check.hasCurve) {
         for (int i = 0; i <= pieces; ++i) {
             const double t =
@@ -296,7 +297,7 @@ PlotModel ConductivityCurve(const ConductivityCheck& check, const std::vector<CT
             add(fitted, t, check.curve.ConductivityAt(t));
         }
     }
-    PlotCurve measured{"Points", PlotColor::second, false, false, true, 0, {}};
+    PlotCurve measured{"Points", PlotColor::second, false, false, true, 0, {}, true};
     for (const CTemperaturePoint& point : points) {
         add(measured, point.Temperature, point.Conductivity);
     }
@@ -314,9 +315,9 @@ PlotModel EconomicPlot(const SurfaceResult& surface, const TemperatureResult& re
     plot.title = fmt::format("{} at {}", surface.name, ShortTempText(result.temperature, units));
     plot.x = {Titled("Nominal thickness", Quantity::length, units), true};
     plot.left = {Titled("Over its life, after tax", money, units), true};
-    PlotCurve capital{"Capital", PlotColor::second, false, true, false, 0, {}};
-    PlotCurve energy{"Energy", PlotColor::second, false, true, false, 1, {}};
-    PlotCurve total{"Total", PlotColor::accent, false, true, true, 0, {}};
+    PlotCurve capital{"Capital", PlotColor::second, false, true, false, 0, {}, true};
+    PlotCurve energy{"Energy", PlotColor::second, false, true, false, 1, {}, true};
+    PlotCurve total{"Total", PlotColor::accent, false, true, true, 0, {}, true};
     for (const ThicknessResult& row : result.rows) {
         if (row.IsSolved() && row.curve) {
             const double x = FromEnglish(Quantity::length, units, row.nominal);

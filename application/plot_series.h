@@ -30,6 +30,7 @@ struct PlotCurve {
     bool dots = true;     ///< marks its points
     int style = 0;        ///< of the line: 0 solid, then dashes and dots in turn
     std::vector<PlotPoint> points;
+    bool named = true; ///< stands in the legend, when there is one
 };
 
 /// A line through the whole plot.

@@ -115,6 +115,9 @@ void ReportCommands::MakeReport(bool environmental) {
         return;
     }
     ShowFindings(result.economics.findings);
+    if (result.economics.done) {
+        Q_EMIT session_.Analysed();
+    }
     if (result.rtf.empty()) {
         return;
     }

@@ -3,6 +3,7 @@
 
 #include "application/wizard_rules.h"
 #include "ui/field_card.h"
+#include "ui/pictures/economic_card.h"
 #include "ui/theme.h"
 
 #include <QGridLayout>
@@ -16,12 +17,31 @@ ReportSummary::ReportSummary(Session& session, std::function<ReportChoice()> cho
     setObjectName(QStringLiteral("fraReportSummary"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    curve_ = new EconomicCard(this);
+    layout->addWidget(curve_);
     layout->addStretch(1);
+    FollowAnalysis();
     connect(&session_, &Session::FieldChanged, this, [this] {
         if (isVisible()) {
             Refresh();
         }
     });
+}
+
+/// The curve belongs to the inputs that it was reckoned with; where the report is saved is none of them.
+void ReportSummary::FollowAnalysis() {
+    connect(&session_, &Session::Analysed, this, [this] {
+        if (const auto& analysis = session_.App().Report().Analysis()) {
+            curve_->Show(*analysis, session_.TheJob().UnitsInForce());
+        }
+    });
+    connect(&session_, &Session::FieldChanged, curve_, [this](Field field) {
+        if (field != Field::Path) {
+            curve_->SetStale();
+        }
+    });
+    connect(&session_, &Session::JobReplaced, curve_, &EconomicCard::SetStale);
+    connect(&session_, &Session::CatalogueChanged, curve_, &EconomicCard::SetStale);
 }
 
 void ReportSummary::SetKind(const QString& kind) { kind_ = kind; }

@@ -13,6 +13,8 @@ class QVBoxLayout;
 
 namespace kaloria {
 
+class EconomicCard;
+
 /// Beside the panels of a report: what it will be about, and what still stands in its way.
 class ReportSummary final : public QWidget {
     Q_OBJECT
@@ -26,12 +28,14 @@ public:
 
 private:
     void AddLine(const QString& caption, const QString& text);
+    void FollowAnalysis();
     void AddNotice(const char* role, const QString& text);
 
     Session& session_;
     std::function<ReportChoice()> choice_;
     QString kind_;
     QWidget* content_ = nullptr;
+    EconomicCard* curve_ = nullptr;
 };
 
 } // namespace kaloria

@@ -96,6 +96,7 @@ Q_SIGNALS:
     void FileChanged();                      ///< path or dirty mark
     void Calculated();                       ///< Result() is new
     void Stale();                            ///< Result() no longer belongs to the inputs
+    void Analysed();                         ///< App().Report() has a new economic analysis
 
 private:
     void Touched();

@@ -4,8 +4,8 @@
 #include "application/conductivity_check.h"
 #include "application/material_rules.h"
 #include "application/record_entry.h"
-#include "ui/dialogs/conductivity_plot.h"
 #include "ui/dialogs/points_grid.h"
+#include "ui/pictures/plot_view.h"
 #include "ui/theme.h"
 
 #include <QButtonGroup>
@@ -138,7 +138,9 @@ void InsulationDialog::BuildCheck() {
     auto* const column = new QVBoxLayout;
     Columns().addLayout(column, 5);
     QGridLayout& grid = AddCard(tr("Curve as the calculation uses it"), column);
-    plot_ = new ConductivityPlot(InUnits());
+    plot_ = new PlotView;
+    plot_->setObjectName(QStringLiteral("picConductivity"));
+    plot_->setMinimumSize(320, 240);
     grid.addWidget(plot_, 1, 0, 1, 3);
     grid.setRowStretch(1, 1);
     summary_ = new QLabel;
@@ -217,7 +219,7 @@ std::vector<Finding> InsulationDialog::Findings() {
             }
         }
     }
-    plot_->Show(check, points);
+    plot_->Show(ConductivityCurve(check, points, InUnits()));
     pointsNote_->setText(points.empty() ? tr("Points entered below are held against the polynomial.")
                                         : tr("The points below are held against the polynomial; they are not "
                                              "kept with it."));
@@ -226,7 +228,7 @@ std::vector<Finding> InsulationDialog::Findings() {
 }
 
 void InsulationDialog::Blank() {
-    plot_->Show({}, {});
+    plot_->Show(ConductivityCurve({}, {}, InUnits()));
     Summarize({}, {});
 }
 

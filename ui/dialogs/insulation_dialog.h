@@ -10,7 +10,7 @@ class QWidget;
 
 namespace kaloria {
 
-class ConductivityPlot;
+class PlotView;
 struct ConductivityCheck;
 class PointsGrid;
 
@@ -59,7 +59,7 @@ private:
     NumberEntry* c_ = nullptr;
     QLabel* pointsNote_ = nullptr;
     PointsGrid* grid_ = nullptr;
-    ConductivityPlot* plot_ = nullptr;
+    PlotView* plot_ = nullptr;
     QLabel* summary_ = nullptr;
 };
 

@@ -18,6 +18,7 @@ constexpr double lineWidth = 1.8;
 constexpr double room = 0.06;     // of a range, left free at its ends
 constexpr double barWidth = 0.36; // of the distance from bar to bar
 constexpr int fewTicks = 4;
+constexpr int legendColumns = 6;
 
 /// A span of values that grows.
 struct Span {
@@ -93,6 +94,7 @@ void PlotPainter::Draw() {
     plot_.clearItems();
     plot_.plotLayout()->clear();
     plot_.legend = nullptr; // went with the layout
+    plot_.setAutoAddPlottableToLegend(false);
     plot_.setBackground(theme::Current().panel);
     plot_.plotLayout()->setRowSpacing(0);
     if (!model_.bars.empty()) {
@@ -160,7 +162,9 @@ void PlotPainter::DrawCurves() {
         AddMark(*rect, mark);
     }
     for (int i = 0; legend != nullptr && i < plot_.graphCount(); ++i) {
-        plot_.graph(i)->addToLegend(legend);
+        if (CurvesOn(model_.curves.at(static_cast<std::size_t>(i)).onRight) > 1) {
+            plot_.graph(i)->addToLegend(legend);
+        }
     }
 }
 
@@ -186,14 +190,13 @@ void PlotPainter::AddCurve(QCPAxisRect& rect, const PlotCurve& curve) {
 }
 
 /// Names stand above the plot when an axis has several curves; a single one is named by its axis.
-bool PlotPainter::NeedsLegend() const {
-    int left = 0;
-    int right = 0;
-    for (const PlotCurve& curve : model_.curves) {
-        (curve.onRight ? right : left) += curve.line ? 1 : 0;
-    }
-    return !isStale_ && (left > 1 || right > 1);
+int PlotPainter::CurvesOn(bool isRight) const {
+    return static_cast<int>(
+        std::count_if(model_.curves.begin(), model_.curves.end(),
+                      [isRight](const PlotCurve& curve) { return curve.named && curve.onRight == isRight; }));
 }
+
+bool PlotPainter::NeedsLegend() const { return !isStale_ && (CurvesOn(false) > 1 || CurvesOn(true) > 1); }
 
 QCPLegend* PlotPainter::AddLegend() {
     auto* const legend = new QCPLegend;
@@ -204,9 +207,11 @@ QCPLegend* PlotPainter::AddLegend() {
     legend->setBrush(Qt::NoBrush);
     legend->setFont(theme::CaptionFont());
     legend->setTextColor(theme::Current().quiet);
-    legend->setIconSize(18, 8);
+    legend->setIconSize(16, 8);
     legend->setMargins({0, 0, 0, 0});
-    legend->setColumnSpacing(12);
+    legend->setColumnSpacing(8);
+    legend->setRowSpacing(0);
+    legend->setWrap(legendColumns);
     plot_.plotLayout()->setRowStretchFactor(0, 0.001); // as high as its words
     return legend;
 }

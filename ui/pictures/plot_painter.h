@@ -24,6 +24,7 @@ private:
     QCPAxisRect* AddRect(int row, int column);
     void DrawCurves();
     void AddCurve(QCPAxisRect& rect, const PlotCurve& curve);
+    [[nodiscard]] int CurvesOn(bool isRight) const;
     [[nodiscard]] bool NeedsLegend() const;
     QCPLegend* AddLegend();
     void SetRanges(QCPAxisRect& rect);

@@ -121,7 +121,15 @@ std::optional<PlotView::Hit> PlotView::HitAt(const QPointF& place) const {
     return hit;
 }
 
+/// Between Draw and the painting that it asks for nothing has a place yet.
+bool PlotView::IsLaidOut() const {
+    return plot_->axisRectCount() > 0 && plot_->axisRect()->width() > 1 && plot_->axisRect()->height() > 1;
+}
+
 void PlotView::PointAt(const QPointF& place, const QPoint& global) {
+    if (!IsLaidOut()) {
+        return;
+    }
     const auto hit = isStale_ ? std::nullopt : HitAt(place);
     if (!hit) {
         QToolTip::hideText();
@@ -148,8 +156,9 @@ bool PlotView::eventFilter(QObject* watched, QEvent* event) {
         PointAt(mouse->position(), mouse->globalPosition().toPoint());
     } else if (event->type() == QEvent::MouseButtonPress) {
         const auto* const mouse = static_cast<QMouseEvent*>(event);
-        const auto hit =
-            isStale_ || mouse->button() != Qt::LeftButton ? std::nullopt : HitAt(mouse->position());
+        const auto hit = isStale_ || !IsLaidOut() || mouse->button() != Qt::LeftButton
+                             ? std::nullopt
+                             : HitAt(mouse->position());
         if (hit && hit->row) {
             Q_EMIT RowChosen(static_cast<int>(*hit->row));
         }

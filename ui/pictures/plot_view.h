@@ -49,6 +49,7 @@ private:
     void Draw();
     [[nodiscard]] QString NoteText() const;
     [[nodiscard]] std::optional<Hit> HitAt(const QPointF& place) const;
+    [[nodiscard]] bool IsLaidOut() const;
     void PointAt(const QPointF& place, const QPoint& global);
     void Leave();
 
