@@ -75,7 +75,11 @@ MainWindow::MainWindow(const Places& places, SettingsStore& settings, MessageBox
     RestoreGeometry();
 }
 
-MainWindow::~MainWindow() { messages_.SetParent(nullptr); }
+MainWindow::~MainWindow() {
+    // A field that has the focus says its last word when it loses it, and to a session that is still there.
+    hide();
+    messages_.SetParent(nullptr);
+}
 
 // Building
 // ---------------------------------------------------------------------------------------------------------------
