@@ -17,7 +17,7 @@ namespace {
 constexpr MenuItem jobItems[] = {
     {"User information", "User &information", "userinfo", Panel::userInformation},
     {"Open...", "&Open...", "open", Panel::none, MenuAction::openJob},
-    {"Save...", "Sa&ve...", "save", Panel::none, MenuAction::saveJob},
+    {"Save...", "S&ave...", "save", Panel::none, MenuAction::saveJob},
 };
 constexpr MenuItem heatFlowItems[] = {
     {"Surface", "&Surface", "surface", Panel::surface},
@@ -34,8 +34,8 @@ constexpr MenuItem economyItems[] = {
 constexpr MenuItem materialItems[] = {
     {"Insulations", "&Insulations", "insulations", Panel::insulations},
     {"Base metals", "Base &metals", "basemetals", Panel::baseMetals},
-    {"Jackets", "Jac&kets", "jackets", Panel::jackets},
-    {"Fuels", "Fue&ls", "fuels", Panel::fuels},
+    {"Jackets", "&Jackets", "jackets", Panel::jackets},
+    {"Fuels", "Fuel&s", "fuels", Panel::fuels},
 };
 constexpr MenuItem helpItems[] = {
     {"Guide", "&Guide", "guide", Panel::guide},
@@ -47,8 +47,7 @@ constexpr MenuCategory categories[] = {
     {"Job", "&1 Job", "job", FinishAction::none, jobItems},
     {"Heat flow", "&2 Heat flow", "heatflow", FinishAction::calculate, heatFlowItems},
     {"Cost of energy", "&3 Cost of energy", "cost", FinishAction::report, economyItems},
-    {"Pollutants", "&4 Pollutants", "pollutants", FinishAction::report,
-     economyItems},
+    {"Pollutants", "&4 Pollutants", "pollutants", FinishAction::report, economyItems},
     {"Materials", "&5 Materials", "materials", FinishAction::none, materialItems},
     {"Help", "&6 Help", "help", FinishAction::none, helpItems},
 };

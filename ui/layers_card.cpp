@@ -6,6 +6,7 @@
 #include "ui/theme.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -264,11 +265,11 @@ QWidget* LayersCard::BuildButtons() {
         layout->addWidget(made);
         return made;
     };
-    cmdAddLayer_ = button(tr("Add &layer"), "cmdAddLayer", tr("Add an insulation layer below the jacket"));
+    cmdAddLayer_ = button(tr("Add la&yer"), "cmdAddLayer", tr("Add an insulation layer below the jacket"));
     cmdDelete_ = button(tr("&Delete"), "cmdDelete", tr("Delete the selected layer"));
     cmdMoveUp_ = button(tr("Up"), "cmdMoveUp", tr("Move the selected layer inwards"));
     cmdMoveDown_ = button(tr("Down"), "cmdMoveDown", tr("Move the selected layer outwards"));
-    cmdCopyRow_ = button(tr("Cop&y"), "cmdCopyRow", tr("Copy the selected layer"));
+    cmdCopyRow_ = button(tr("Co&py"), "cmdCopyRow", tr("Copy the selected layer"));
     layout->addStretch(1);
     connect(cmdAddLayer_, &QPushButton::clicked, this,
             [this] { Run([](Job& job) { return AddLayer(job); }); });
@@ -364,6 +365,17 @@ void LayersCard::Refresh() {
     FitGrid();
     UpdateButtons();
     ShowProblem();
+}
+
+void LayersCard::FinishEditing() {
+    auto* const delegate = qobject_cast<LayerCellDelegate*>(grid_->itemDelegate());
+    auto* const open = grid_->findChild<QLineEdit*>(QStringLiteral("txtLayerThickness"));
+    if (open == nullptr || open->isHidden()) {
+        return; // drop-downs hand over what is chosen at once
+    }
+    Q_EMIT delegate->commitData(open);
+    Q_EMIT delegate->closeEditor(open);
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall); // the edit waits in the queue
 }
 
 void LayersCard::ShowProblem() {

@@ -50,6 +50,8 @@ public:
     explicit LayersCard(Session& session, QWidget* parent = nullptr);
 
     void Refresh();
+    /// Takes over what stands in a cell that is still being edited.
+    void FinishEditing();
     /// Marks thicknesses that cannot stand, by themselves.
     void ShowProblem();
     void ShowFindings(const std::vector<Finding>& findings);

@@ -76,9 +76,12 @@ MainWindow::MainWindow(const Places& places, SettingsStore& settings, MessageBox
 }
 
 MainWindow::~MainWindow() {
-    // A field that has the focus says its last word when it loses it, and to a session that is still there.
-    hide();
     messages_.SetParent(nullptr);
+    // The panels go before the session that they show; an entry that loses the cursor by that has no say.
+    if (QWidget* const entry = focusWidget()) {
+        entry->blockSignals(true);
+    }
+    delete takeCentralWidget();
 }
 
 // Building
@@ -217,6 +220,7 @@ void MainWindow::Connect() {
         strip_->ShowLive(live);
     });
     connect(&session_, &Session::JobReplaced, this, &MainWindow::RefreshAll);
+    connect(&session_, &Session::JobOpened, this, [this] { ShowPosition(PositionOf(session_.TheJob())); });
     connect(&session_, &Session::CatalogueChanged, this, &MainWindow::RefreshAll);
     connect(&session_, &Session::FileChanged, this, &MainWindow::ShowTitle);
     connect(&session_, &Session::Calculated, this, [this] {
@@ -296,6 +300,10 @@ bool MainWindow::SaveRecordsElsewhere() {
 
 bool MainWindow::SaveRecords() {
     while (const auto problem = session_.App().SaveConfigurationFile()) {
+        if (!session_.RecordsEdited()) {
+            messages_.Log(problem->text); // the file has what there is
+            return true;
+        }
         QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Kaloria"),
                         tr("Your own materials and fuels could not be saved."),
                         QMessageBox::Retry | QMessageBox::Cancel, this);
@@ -320,6 +328,7 @@ bool MainWindow::SaveRecords() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    layers_->FinishEditing();
     if (!jobs_->MayLeave() || !SaveRecords()) {
         event->ignore();
         return;
@@ -455,9 +464,9 @@ void MainWindow::ShowStatus() {
     if (!session_.IsCurrent()) {
         statusTime_->setText(tr("Inputs have changed"));
     } else if (result.done) {
-        statusTime_->setText(
-            tr("%n row(s) solved in %1 ms", nullptr, static_cast<int>(result.grid.rows.size()))
-                .arg(session_.CalculationMilliseconds(), 0, 'f', 1));
+        statusTime_->setText(tr("%1 rows solved in %2 ms")
+                                 .arg(result.grid.rows.size())
+                                 .arg(session_.CalculationMilliseconds(), 0, 'f', 1));
     } else {
         statusTime_->setText(tr("No answer: see the marked inputs"));
     }
@@ -513,6 +522,7 @@ void MainWindow::GoNext() {
 }
 
 void MainWindow::Finish() {
+    layers_->FinishEditing();
     const MenuCategory* const category = CategoryAt(position_.category);
     if (category == nullptr) {
         return;
@@ -540,6 +550,7 @@ QString MainWindow::ActionText() const {
 }
 
 void MainWindow::Act() {
+    layers_->FinishEditing();
     if (MakesReport()) {
         if (const std::string_view problem = ProjectProblem(session_.TheJob()); !problem.empty()) {
             messages_.Show(problem);
@@ -581,7 +592,10 @@ void MainWindow::FocusWrong() {
     }
 }
 
-void MainWindow::SwitchUnits(Units units) { session_.SwitchUnits(units); }
+void MainWindow::SwitchUnits(Units units) {
+    layers_->FinishEditing();
+    session_.SwitchUnits(units);
+}
 
 // Events
 // ---------------------------------------------------------------------------------------------------------------
@@ -610,6 +624,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
+    layers_->FinishEditing();
     if (!urls.isEmpty() && jobs_->MayLeave()) {
         jobs_->OpenPath(urls.first().toLocalFile());
     }

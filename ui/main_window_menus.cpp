@@ -3,6 +3,7 @@
 #include "data/atomic_file.h"
 #include "ui/file_dialogs.h"
 #include "ui/job_commands.h"
+#include "ui/layers_card.h"
 #include "ui/main_window.h"
 #include "ui/minor_windows.h"
 #include "ui/report_commands.h"
@@ -21,7 +22,10 @@ QAction* MainWindow::Add(QMenu& menu, const QString& text, const char* name, con
     auto* const action = menu.addAction(text);
     action->setObjectName(QLatin1String(name));
     action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, [run] { run(); });
+    connect(action, &QAction::triggered, this, [this, run] {
+        layers_->FinishEditing(); // a shortcut leaves the cursor where it is
+        run();
+    });
     return action;
 }
 

@@ -161,13 +161,13 @@ void MaterialsPanel::BuildButtons() {
     };
     const QString one = tr(names.one);
     QPushButton* const add = Button(tr("A&dd..."), named("Add"), tr("Add a %1 of your own").arg(one));
-    edit_ = Button(tr("&Edit..."), QLatin1String(names.edit), tr("Edit the selected %1").arg(one));
-    duplicate_ = Button(tr("Duplica&te..."), named("Duplicate"),
+    edit_ = Button(tr("Edi&t..."), QLatin1String(names.edit), tr("Edit the selected %1").arg(one));
+    duplicate_ = Button(tr("Du&plicate..."), named("Duplicate"),
                         tr("Make a copy of the selected %1 that is yours to edit").arg(one));
-    activate_ = Button(tr("A&ctivate"), named("Activate"),
+    activate_ = Button(tr("&Activate"), named("Activate"),
                        tr("Offer the selected %1 in the lists of choices, or no longer").arg(one));
-    delete_ = Button(tr("Dele&te"), named("Delete"), tr("Delete the selected %1").arg(one));
-    undo_ = Button(tr("&Undo delete"), named("Undo"), tr("Bring back what was deleted last"));
+    delete_ = Button(tr("De&lete"), named("Delete"), tr("Delete the selected %1").arg(one));
+    undo_ = Button(tr("Und&o delete"), named("Undo"), tr("Bring back what was deleted last"));
     auto* const row = new QHBoxLayout;
     for (QPushButton* const button : {add, edit_, duplicate_, activate_, delete_, undo_}) {
         row->addWidget(button);
@@ -274,7 +274,7 @@ void MaterialsPanel::UpdateButtons() {
     }
     const QModelIndexList rows = grid_->selectionModel()->selectedRows(2);
     const bool isActive = !rows.isEmpty() && rows.first().data().toString() == u"True";
-    activate_->setText(isActive ? tr("Dea&ctivate") : tr("A&ctivate"));
+    activate_->setText(isActive ? tr("De&activate") : tr("&Activate"));
     undo_->setEnabled(deletions_.CanUndo() && deletions_.LastKind() == kind_);
     count_->setText(tr("%1 of %2").arg(shown_->rowCount()).arg(model_->rowCount()));
 }

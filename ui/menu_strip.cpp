@@ -113,7 +113,9 @@ QPushButton* MenuStrip::Button(const QString& text, const char* name, const QStr
 void MenuStrip::BuildSteps() {
     cmdBack_ = Button(tr("‹ Bac&k"), "cmdBack", tr("Previous panel"));
     cmdNext_ = Button(tr("&Next ›"), "cmdNext", tr("Next panel"));
-    cmdFinish_ = Button(tr("Fin&ish"), "cmdFinish", tr("Skip the remaining panels"));
+    // Its letters are all taken by the menu bar and the panels.
+    cmdFinish_ = Button(tr("Finish"), "cmdFinish", tr("Skip the remaining panels (Ctrl+Enter)"));
+    cmdFinish_->setShortcut(Qt::CTRL | Qt::Key_Return);
     connect(cmdBack_, &QPushButton::clicked, this, &MenuStrip::Back);
     connect(cmdNext_, &QPushButton::clicked, this, &MenuStrip::Next);
     connect(cmdFinish_, &QPushButton::clicked, this, &MenuStrip::Finish);

@@ -52,10 +52,10 @@ QWidget* ReportCard::BuildAudit() {
     auditPath_ = new QLabel(audit);
     auditPath_->setObjectName(QStringLiteral("lblAuditPath"));
     auditPath_->setAccessibleName(tr("Path of the audit file"));
-    auto* const browse = new QPushButton(tr("Brow&se..."), audit);
+    auto* const browse = new QPushButton(tr("Bro&wse..."), audit);
     browse->setObjectName(QStringLiteral("cmdAuditBrowse"));
     browse->setAccessibleName(tr("Choose the audit file"));
-    append_ = new QPushButton(tr("&Append to audit"), audit);
+    append_ = new QPushButton(tr("Append &to audit"), audit);
     append_->setObjectName(QStringLiteral("cmdAppendToAudit"));
     append_->setAccessibleName(tr("Append this case to the audit file"));
     layout->addWidget(caption);

@@ -71,10 +71,10 @@ void ProjectPanel::CheckDate() {
 EconomicsPanel::EconomicsPanel(Session& session, const QString& objectName, const QString& title)
     : PanelPage(session, objectName, title) {
     auto* const service = new Card(tr("Service"), this);
-    options_[0] = new OptionPair(Field::HotSurface, {"optHotSurface", tr("&Hot surface")},
+    options_[0] = new OptionPair(Field::HotSurface, {"optHotSurface", tr("Hot &surface")},
                                  {"optColdSurface", tr("Co&ld surface")}, session, service);
-    options_[1] = new OptionPair(Field::NewApplication, {"optNewApplication", tr("&New application")},
-                                 {"optRetrofit", tr("&Retrofit")}, session, service);
+    options_[1] = new OptionPair(Field::NewApplication, {"optNewApplication", tr("Ne&w application")},
+                                 {"optRetrofit", tr("Re&trofit")}, session, service);
     for (OptionPair* const pair : options_) {
         service->Content()->addWidget(pair);
     }
@@ -142,7 +142,7 @@ QWidget* InstalledCostPanel::BuildSurfaces() {
     card->Content()->addLayout(grid);
     auto* const row = new QHBoxLayout;
     QPushButton* const all = SmallButton(tr("&All"), "cmdSelectAll", tr("Tick all sizes and surfaces"), card);
-    QPushButton* const none = SmallButton(tr("N&one"), "cmdSelectNone", tr("Tick none"), card);
+    QPushButton* const none = SmallButton(tr("None"), "cmdSelectNone", tr("Tick none"), card);
     range_ = new QLineEdit(card);
     range_->setObjectName(QStringLiteral("txtSurfaceRange"));
     range_->setAccessibleName(tr("Positions to tick"));
@@ -199,7 +199,7 @@ QWidget* InstalledCostPanel::BuildSource() {
     costFile_->setObjectName(QStringLiteral("txtCostFile"));
     costFile_->setAccessibleName(tr("File of your own installed costs"));
     costFile_->setPlaceholderText(tr("File of installed costs (.costs.csv)"));
-    QPushButton* const browse = SmallButton(tr("&Browse..."), "cmdBrowseCosts",
+    QPushButton* const browse = SmallButton(tr("Bro&wse..."), "cmdBrowseCosts",
                                             tr("Choose the file of installed costs"), costFileRow_);
     row->addWidget(costFile_, 1);
     row->addWidget(browse);
@@ -278,7 +278,7 @@ void InstalledCostPanel::SelectRange() {
 ReportPanel::ReportPanel(Session& session, const QString& objectName, const QString& title)
     : PanelPage(session, objectName, title) {
     auto* const kind = new Card(tr("Kind of report"), this);
-    layout_ = new OptionPair(Field::EngineeringReport, {"optEngineeringReport", tr("&Engineering report")},
+    layout_ = new OptionPair(Field::EngineeringReport, {"optEngineeringReport", tr("En&gineering report")},
                              {"optTablesReport", tr("&Tables report")}, session, kind);
     kind->Content()->addWidget(layout_);
     auto* const note =

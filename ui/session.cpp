@@ -117,6 +117,7 @@ void Session::KeepRecords() {
 }
 
 void Session::RecordsChanged() {
+    recordsEdited_ = true;
     haveRecordsChanged_ = true;
     application_.NameMaterials(application_.CurrentJob());
     Q_EMIT CatalogueChanged();
@@ -156,12 +157,14 @@ bool Session::Open(const std::filesystem::path& path) {
     application_.JobPath = path;
     if (application_.OpenJob()) {
         Became(path, false);
+        Q_EMIT JobOpened();
         return true;
     }
     application_.JobPath = pathBefore;
     if (JobText(application_.CurrentJob(), application_.Records()) != jobBefore) {
         // What stood before the place where the file breaks off is in the job now; it has no file yet.
         Became({}, true);
+        Q_EMIT JobOpened();
     }
     return false;
 }
@@ -186,6 +189,7 @@ void Session::StartNew() {
     job[Field::Path] = (application_.ProgramFolder() / "NewJob.rtf").string();
     job[Field::Date] = Today();
     Became({}, false);
+    Q_EMIT JobOpened();
 }
 
 void Session::TakeRecovered(const Job& job, const std::filesystem::path& path) {
@@ -194,13 +198,18 @@ void Session::TakeRecovered(const Job& job, const std::filesystem::path& path) {
     application_.SI = job.UnitsInForce() == Units::si;
     application_.JobPath = path.empty() ? application_.DefaultJobPath() : path;
     Became(path, true);
+    Q_EMIT JobOpened();
 }
 
 void Session::LoadDefaults() {
     const std::filesystem::path before = application_.JobPath;
+    const std::string category = TheJob()[Field::CurrentCategory];
+    const std::string menuItem = TheJob()[Field::CurrentMenuItem];
     application_.JobPath = application_.DefaultJobPath();
     application_.OpenJob();
     application_.JobPath = before;
+    application_.CurrentJob()[Field::CurrentCategory] = category; // one stays where one is
+    application_.CurrentJob()[Field::CurrentMenuItem] = menuItem;
     Became(path_, true);
 }
 

@@ -76,6 +76,8 @@ public:
     bool SaveAsDefault();
     [[nodiscard]] const std::filesystem::path& Path() const { return path_; } ///< empty: not saved yet
     [[nodiscard]] bool IsDirty() const { return isDirty_; }
+    /// Whether records were added, changed or deleted in this run.
+    [[nodiscard]] bool RecordsEdited() const { return recordsEdited_; }
 
     // Answer
     // --------------------------------------------------------------------------------------------------------
@@ -92,6 +94,7 @@ public:
 Q_SIGNALS:
     void FieldChanged(kaloria::Field field); ///< one text; not sent for JobReplaced
     void JobReplaced();                      ///< show everything anew
+    void JobOpened();                        ///< another job: go to where it was left
     void CatalogueChanged();                 ///< lists of choices are out of date
     void FileChanged();                      ///< path or dirty mark
     void Calculated();                       ///< Result() is new
@@ -114,6 +117,7 @@ private:
     QTimer live_;
     double milliseconds_ = 0;
     bool isDirty_ = false;
+    bool recordsEdited_ = false;
     bool haveRecordsChanged_ = false;
     bool isCurrent_ = false;
     bool isLive_ = true;

@@ -40,7 +40,7 @@ TEST(Navigation, EveryItemHasAHeaderTextPicturesAndAnAccessKeyOfItsOwn) {
         const auto items = CategoryAt(category)->items;
         ExpectPictures(CategoryAt(category)->image);
         ASSERT_TRUE(!items.empty() && items.size() <= 4) << "imgMenu0 to imgMenu3";
-        std::set<char> keys{'F', 'E', 'U', 'H', 'N', 'B'}; // of the menu bar, Next and Back
+        std::set<char> keys{'F', 'E', 'U', 'H', 'N', 'K'}; // of the menu bar, Next and Back
         std::set<std::string_view> images;
         for (int i = 0; i < HeaderTexts::menuItems; ++i) {
             const MenuItem* item = MenuItemAt({category, i});
