@@ -319,7 +319,16 @@ PlotModel EconomicPlot(const SurfaceResult& surface, const TemperatureResult& re
     PlotCurve energy{"Energy", PlotColor::second, false, true, false, 1, {}, true};
     PlotCurve total{"Total", PlotColor::accent, false, true, true, 0, {}, true};
     for (const ThicknessResult& row : result.rows) {
-        if (row.IsSolved() && row.curve) {
+        if (!row.IsSolved() || !row.curve) {
+            continue;
+        }
+        if (row.nominal == 0.0F) {
+            // Many times the rest; drawn, it would flatten the minimum that one looks for.
+            plot.note = fmt::format(
+                "As it is: {} {}. ",
+                FormatNumber(FromEnglish(money, units, row.curve->Total()), NumberFormat::hundredths),
+                InfoOf(money).Text(units));
+        } else {
             const double x = FromEnglish(Quantity::length, units, row.nominal);
             capital.points.push_back({x, FromEnglish(money, units, row.curve->capital), {}});
             energy.points.push_back({x, FromEnglish(money, units, row.curve->energy), {}});
@@ -335,7 +344,7 @@ PlotModel EconomicPlot(const SurfaceResult& surface, const TemperatureResult& re
                               fmt::format("economic {} {}", FormatNumber(x, NumberFormat::shortest),
                                           InfoOf(Quantity::length).Text(units))});
     } else {
-        plot.note = TextOf(result.outcome);
+        plot.note += TextOf(result.outcome);
     }
     CheckEmpty(plot, "No thickness has both an installed cost and a heat flow.");
     return plot;

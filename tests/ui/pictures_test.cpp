@@ -163,6 +163,9 @@ private Q_SLOTS:
             row.made = true;
             row.curve = CurvePoint{thickness, 4 / thickness};
         }
+        ThicknessResult& bare = result.rows.emplace_back();
+        bare.made = true;
+        bare.curve = CurvePoint{0, 20};
         result.economic = 1;
         result.outcome = EconomicOutcome::found;
         surface.temperatures = {result, result};
@@ -172,6 +175,8 @@ private Q_SLOTS:
         QCOMPARE(card->Plot()->Model().curves.size(), std::size_t{3});
         QCOMPARE(card->Plot()->Model().marks.front().value, 2.0);
         QCOMPARE(card->Plot()->Model().curves.back().points[1].y, 4.0); // the lowest total
+        QCOMPARE(card->Plot()->Model().note, std::string("As it is: 20.00 $/ft/yr. "));
+        QCOMPARE(card->Plot()->Model().curves.back().points.size(), std::size_t{3});
         TheSession().SetText(Field::InterestRate, "9");
         QVERIFY(!card->findChild<QWidget*>(QStringLiteral("cboCurveSurface"))->isEnabled());
     }
