@@ -11,20 +11,47 @@
 #include <QCommandLineParser>
 #include <QTimer>
 
-int main(int argc, char** argv) {
-    using namespace kaloria;
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Kaloria"));
-    QApplication::setApplicationVersion(QStringLiteral(KALORIA_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("kaloria"));
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace {
+
+/// Whether help or version is all that is asked for; that needs no display.
+bool AsksOnly(int argc, char** argv) {
+    constexpr std::array<std::string_view, 4> questions{"-h", "--help", "-v", "--version"};
+    return std::any_of(argv, argv + argc, [&](const char* argument) {
+        return std::find(questions.begin(), questions.end(), argument) != questions.end();
+    });
+}
+
+/// The files named; does not return where a question was asked.
+QStringList ReadCommandLine(const QCoreApplication& application) {
+    QCoreApplication::setApplicationName(QStringLiteral("Kaloria"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KALORIA_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QApplication::tr("Engineering calculator for industrial thermal insulation"));
+        QCoreApplication::tr("Engineering calculator for industrial thermal insulation"));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("job"), QApplication::tr("Job file to open"),
+    parser.addPositionalArgument(QStringLiteral("job"), QCoreApplication::tr("Job file to open"),
                                  QStringLiteral("[job.kal]"));
     parser.process(application);
+    return parser.positionalArguments();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace kaloria;
+    if (AsksOnly(argc, argv)) {
+        const QCoreApplication console(argc, argv);
+        (void)ReadCommandLine(console);
+        return 0;
+    }
+    QApplication application(argc, argv);
+    const QStringList files = ReadCommandLine(application);
+    QGuiApplication::setDesktopFileName(QStringLiteral("kaloria"));
     theme::Install(application);
 
     FileSettings settings(FileSettings::UserFile());
@@ -34,7 +61,6 @@ int main(int argc, char** argv) {
         settings, messages);
     window.StartUp();
     window.show();
-    const QStringList files = parser.positionalArguments();
     if (!files.isEmpty()) {
         window.Jobs().OpenPath(files.first());
     }
