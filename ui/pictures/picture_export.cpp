@@ -12,8 +12,8 @@
 #include <QImage>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPainter>
 #include <QPdfWriter>
+#include <QScreen>
 #include <QSvgGenerator>
 
 namespace kaloria::picture {
@@ -21,38 +21,37 @@ namespace kaloria::picture {
 namespace {
 
 constexpr int pictureScale = 2;
-constexpr int screenDotsPerInch = 96;
+
+/// The dots that the sizes of fonts were laid out for: with others, words would not fit into their places.
+int LayoutDotsPerInch() { return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInch()); }
 
 QImage ImageOf(const Drawing& drawing) {
     QImage image(drawing.size * pictureScale, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(pictureScale);
     image.fill(theme::Current().panel);
-    QPainter painter(&image);
-    drawing.draw(painter);
+    drawing.draw(image);
     return image;
 }
 
 void WriteSvg(const Drawing& drawing, QBuffer& buffer) {
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
+    generator.setResolution(LayoutDotsPerInch());
     generator.setSize(drawing.size);
     generator.setViewBox(QRect({0, 0}, drawing.size));
     generator.setTitle(drawing.name);
-    QPainter painter(&generator);
-    painter.fillRect(QRect({0, 0}, drawing.size), theme::Current().panel);
-    drawing.draw(painter);
+    drawing.draw(generator);
 }
 
 void WritePdf(const Drawing& drawing, QBuffer& buffer) {
+    const int dots = LayoutDotsPerInch();
     QPdfWriter writer(&buffer);
     writer.setTitle(drawing.name);
-    writer.setResolution(screenDotsPerInch);
-    writer.setPageSize(QPageSize(QSizeF(drawing.size) / screenDotsPerInch, QPageSize::Inch, drawing.name,
-                                 QPageSize::ExactMatch));
+    writer.setResolution(dots);
+    writer.setPageSize(
+        QPageSize(QSizeF(drawing.size) / dots, QPageSize::Inch, drawing.name, QPageSize::ExactMatch));
     writer.setPageMargins({});
-    QPainter painter(&writer);
-    painter.fillRect(QRect({0, 0}, drawing.size), theme::Current().panel);
-    drawing.draw(painter);
+    drawing.draw(writer);
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include <functional>
 
 class QMenu;
-class QPainter;
+class QPaintDevice;
 class QWidget;
 
 namespace kaloria::picture {
@@ -15,8 +15,8 @@ namespace kaloria::picture {
 /// Something that can be drawn anywhere: on the screen's scale, in device-independent pixels.
 struct Drawing {
     QSize size;
-    QString name; ///< "Section at 1.5 in.", also the proposed file name
-    std::function<void(QPainter&)> draw;
+    QString name;                            ///< "Section at 1.5 in.", also the proposed file name
+    std::function<void(QPaintDevice&)> draw; ///< ground and all, on a device that nothing else paints on
 };
 
 /// Copies it as a picture, at twice the screen's resolution.

@@ -10,7 +10,7 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QPicture>
+#include <QPointer>
 #include <QToolTip>
 #include <QVBoxLayout>
 namespace kaloria {
@@ -25,6 +25,7 @@ PlotView::PlotView(QWidget* parent) : QWidget(parent) {
     layout->setSpacing(0);
     plot_ = new QCustomPlot(this);
     plot_->setObjectName(QStringLiteral("picPlot"));
+    plot_->setAccessibleName(tr("Plot"));
     plot_->setLocale(QLocale::c());
     plot_->setFocusPolicy(Qt::TabFocus);
     plot_->setContextMenuPolicy(Qt::NoContextMenu); // this widget's own
@@ -61,7 +62,7 @@ void PlotView::SetStale(bool stale) {
 
 void PlotView::Draw() {
     isDrawing_ = true;
-    plot_->setAccessibleName(ToQt(model_.title));
+    plot_->setAccessibleName(model_.title.empty() ? tr("Plot") : ToQt(model_.title));
     plot_->setAccessibleDescription(isStale_ ? tr("Out of date") : ToQt(model_.description));
     plot_->setVisible(!model_.IsEmpty());
     reason_->setVisible(model_.IsEmpty());
@@ -88,13 +89,14 @@ QString PlotView::NoteText() const {
 }
 
 picture::Drawing PlotView::AsDrawing() const {
-    QPicture recorded;
-    QCPPainter painter(&recorded);
-    painter.setMode(QCPPainter::pmVectorized);
-    plot_->toPainter(&painter, plot_->width(), plot_->height());
-    painter.end();
-    return {plot_->size(), ToQt(model_.title),
-            [recorded](QPainter& target) { target.drawPicture(0, 0, recorded); }};
+    const QSize size = plot_->size();
+    return {size, ToQt(model_.title), [kept = QPointer(plot_), size](QPaintDevice& device) {
+                if (QCustomPlot* const plot = kept.data()) {
+                    QCPPainter painter(&device);
+                    painter.setMode(QCPPainter::pmVectorized);
+                    plot->toPainter(&painter, size.width(), size.height());
+                }
+            }};
 }
 
 std::optional<PlotView::Hit> PlotView::HitAt(const QPointF& place) const {

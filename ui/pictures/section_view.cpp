@@ -38,7 +38,9 @@ void SectionView::SetStale(bool stale) {
 
 picture::Drawing SectionView::AsDrawing() const {
     return {size(), ToQt(model_.title),
-            [model = model_, stale = isStale_, area = QRectF(rect())](QPainter& painter) {
+            [model = model_, stale = isStale_, area = QRectF(rect())](QPaintDevice& device) {
+                QPainter painter(&device);
+                painter.fillRect(area, theme::Current().panel);
                 SectionPainter(model, area, stale).Paint(painter, {});
             }};
 }
