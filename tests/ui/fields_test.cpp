@@ -50,6 +50,9 @@ const std::map<Field, std::pair<const char*, const char*>>& ButtonPairs() {
     return pairs;
 }
 
+/// The panels that have fields, each once.
+constexpr MenuPosition positions[] = {{0, 0}, {1, 0}, {1, 2}, {2, 0}, {2, 1}, {2, 2}, {2, 3}};
+
 class FieldsTest : public QObject {
     Q_OBJECT
 
@@ -112,7 +115,7 @@ std::map<Field, QString> FieldsTest::Shown(WindowDriver& driver) {
 
 std::map<Field, QString> FieldsTest::ShownAnywhere(WindowDriver& driver) {
     std::map<Field, QString> texts;
-    for (const MenuPosition position : {MenuPosition{0, 0}, {1, 0}, {1, 2}, {2, 0}, {2, 1}, {2, 2}, {2, 3}}) {
+    for (const MenuPosition position : positions) {
         driver.window->ShowPosition(position);
         texts.merge(Shown(driver));
     }
@@ -150,35 +153,30 @@ void FieldsTest::ComeBackFromTheFile() {
         driver.Click(T("cmdLive")); // off: no answer is wanted
         driver.Choose(T("cboSystemUnits"), si ? T("SI") : T("English"));
         Show(driver, scenes[scene]);
-        for (const auto& [field, text] : ShownAnywhere(driver)) {
-            const JobField& info = InfoOf(field);
-            driver.window->ShowPanel(Panel::surface);
-            for (const MenuPosition position :
-                 {MenuPosition{0, 0}, {1, 0}, {1, 2}, {2, 0}, {2, 1}, {2, 2}, {2, 3}}) {
-                if (driver.Find(Q(info.control)).isVisible()) {
-                    break;
+        for (const MenuPosition position : positions) {
+            driver.window->ShowPosition(position);
+            for (const auto& [field, text] : Shown(driver)) {
+                const JobField& info = InfoOf(field);
+                if (auto* const line = driver.window->findChild<QLineEdit*>(Q(info.control))) {
+                    if (line->isEnabled()) {
+                        driver.Type(Q(info.control), OtherText(info, driver.TheJob()));
+                        QCOMPARE(Q(driver.TheJob()[field]), line->text());
+                        QVERIFY2(!line->property("wrong").toBool(), info.element.data());
+                    }
+                } else if (auto* const box = driver.window->findChild<QComboBox*>(Q(info.control))) {
+                    const bool decides = field == Field::InsulationThicknessCalculationType ||
+                                         field == Field::SurfaceGeometry || field == Field::Units;
+                    if (!decides && info.kind == FieldKind::choice) {
+                        driver.Choose(*box, box->itemText(box->count() - 1));
+                        QCOMPARE(Q(driver.TheJob()[field]), box->currentText());
+                    } else if (info.kind == FieldKind::material) {
+                        driver.Choose(*box, box->itemText(box->count() - 2));
+                    }
+                } else if (field == Field::PrintReport) {
+                    driver.Click(Q(info.control));
+                } else if (field == Field::EngineeringReport) {
+                    driver.Click(T(ButtonPairs().at(field).first));
                 }
-                driver.window->ShowPosition(position);
-            }
-            if (auto* const line = driver.window->findChild<QLineEdit*>(Q(info.control))) {
-                if (line->isEnabled()) {
-                    driver.Type(Q(info.control), OtherText(info, driver.TheJob()));
-                    QCOMPARE(Q(driver.TheJob()[field]), line->text());
-                    QVERIFY2(!line->property("wrong").toBool(), info.element.data());
-                }
-            } else if (auto* const box = driver.window->findChild<QComboBox*>(Q(info.control))) {
-                const bool decides = field == Field::InsulationThicknessCalculationType ||
-                                     field == Field::SurfaceGeometry || field == Field::Units;
-                if (!decides && info.kind == FieldKind::choice) {
-                    driver.Choose(*box, box->itemText(box->count() - 1));
-                    QCOMPARE(Q(driver.TheJob()[field]), box->currentText());
-                } else if (info.kind == FieldKind::material) {
-                    driver.Choose(*box, box->itemText(box->count() - 2));
-                }
-            } else if (field == Field::PrintReport) {
-                driver.Click(Q(info.control));
-            } else if (field == Field::EngineeringReport) {
-                driver.Click(T(ButtonPairs().at(field).first));
             }
         }
         entered = ShownAnywhere(driver);

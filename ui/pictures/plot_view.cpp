@@ -10,7 +10,7 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QPointer>
+#include <QPicture>
 #include <QToolTip>
 #include <QVBoxLayout>
 namespace kaloria {
@@ -89,14 +89,13 @@ QString PlotView::NoteText() const {
 }
 
 picture::Drawing PlotView::AsDrawing() const {
-    const QSize size = plot_->size();
-    return {size, ToQt(model_.title), [kept = QPointer(plot_), size](QPaintDevice& device) {
-                if (QCustomPlot* const plot = kept.data()) {
-                    QCPPainter painter(&device);
-                    painter.setMode(QCPPainter::pmVectorized);
-                    plot->toPainter(&painter, size.width(), size.height());
-                }
-            }};
+    QPicture recorded;
+    QCPPainter painter(&recorded);
+    painter.setMode(QCPPainter::pmVectorized);
+    plot_->toPainter(&painter, plot_->width(), plot_->height());
+    painter.end();
+    return {plot_->size(), ToQt(model_.title),
+            [recorded](QPainter& target) { target.drawPicture(0, 0, recorded); }};
 }
 
 std::optional<PlotView::Hit> PlotView::HitAt(const QPointF& place) const {
