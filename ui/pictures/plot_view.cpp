@@ -10,7 +10,7 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QPicture>
+#include <QPointer>
 #include <QToolTip>
 #include <QVBoxLayout>
 namespace kaloria {
@@ -89,13 +89,14 @@ QString PlotView::NoteText() const {
 }
 
 picture::Drawing PlotView::AsDrawing() const {
-    QPicture recorded;
-    QCPPainter painter(&recorded);
-    painter.setMode(QCPPainter::pmVectorized);
-    plot_->toPainter(&painter, plot_->width(), plot_->height());
-    painter.end();
-    return {plot_->size(), ToQt(model_.title),
-            [recorded](QPainter& target) { target.drawPicture(0, 0, recorded); }};
+    const QSize size = plot_->size();
+    return {size, ToQt(model_.title), [kept = QPointer(plot_), size](QPaintDevice& device) {
+                if (QCustomPlot* const plot = kept.data()) {
+                    QCPPainter painter(&device);
+                    painter.setMode(QCPPainter::pmVectorized);
+                    plot->toPainter(&painter, size.width(), size.height());
+                }
+            }};
 }
 
 std::optional<PlotView::Hit> PlotView::HitAt(const QPointF& place) const {
