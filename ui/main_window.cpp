@@ -39,8 +39,9 @@ namespace kaloria {
 
 namespace {
 
-constexpr int wideBody = 1000; ///< inputs and answer stand beside each other from here on
-constexpr int inputsWidth = 496;
+// In characters of the text's size, so that larger type gets more room.
+constexpr int wideBody = 143; ///< inputs and answer stand beside each other from here on
+constexpr int inputsWidth = 71;
 constexpr QSize smallest(1024, 700);
 constexpr const char* windowSection = "Window";
 constexpr const char* geometryKey = "Geometry";
@@ -353,7 +354,12 @@ void MainWindow::RestoreGeometry() {
 // What is shown
 // ---------------------------------------------------------------------------------------------------------------
 
-bool MainWindow::IsWide() const { return body_->width() >= wideBody; }
+int MainWindow::Characters(int count) const {
+    // Ordinary type has about seven pixels to a character.
+    return count * std::max(7, fontMetrics().averageCharWidth());
+}
+
+bool MainWindow::IsWide() const { return body_->width() >= Characters(wideBody); }
 
 void MainWindow::Arrange() {
     const MenuItem* const item = MenuItemAt(position_);
@@ -367,8 +373,8 @@ void MainWindow::Arrange() {
         side_->setCurrentWidget(resultsSide_);
     }
     fraData_->setVisible(showsInputs);
-    fraData_->setMinimumWidth(showsSide && showsInputs ? inputsWidth : 0);
-    fraData_->setMaximumWidth(showsSide && showsInputs ? inputsWidth : QWIDGETSIZE_MAX);
+    fraData_->setMinimumWidth(showsSide && showsInputs ? Characters(inputsWidth) : 0);
+    fraData_->setMaximumWidth(showsSide && showsInputs ? Characters(inputsWidth) : QWIDGETSIZE_MAX);
     side_->setVisible(showsSide);
     imgBackground_->setGeometry(body_->rect());
 }

@@ -84,6 +84,7 @@ private:
     void Connect();
 
     void Arrange();
+    [[nodiscard]] int Characters(int count) const;
     [[nodiscard]] bool IsWide() const;
     void PlaceSharedCards(Panel panel);
     void RefreshAll();

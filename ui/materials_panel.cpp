@@ -249,7 +249,23 @@ void MaterialsPanel::Fill() {
         }
     }
     grid_->resizeColumnsToContents();
-    grid_->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
+    FitName();
+}
+
+void MaterialsPanel::FitName() {
+    // The names get what is left, but never less than they need: then the grid scrolls.
+    if (model_->columnCount() == 0) {
+        return; // not filled yet
+    }
+    QHeaderView& header = *grid_->horizontalHeader();
+    header.setSectionResizeMode(nameColumn, QHeaderView::ResizeToContents);
+    const bool fits = header.length() < grid_->viewport()->width();
+    header.setSectionResizeMode(nameColumn, fits ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+}
+
+void MaterialsPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    FitName();
 }
 
 std::int32_t MaterialsPanel::SelectedId() const {

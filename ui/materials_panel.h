@@ -26,6 +26,9 @@ public:
 
     void Refresh();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct Names;
     [[nodiscard]] const Names& TheNames() const;
@@ -33,6 +36,7 @@ private:
     void BuildButtons();
     QPushButton* Button(const QString& text, const QString& name, const QString& tip);
     void Fill();
+    void FitName();
     void UpdateButtons();
 
     void Add();

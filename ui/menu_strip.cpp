@@ -73,12 +73,20 @@ void MenuTab::paintEvent(QPaintEvent* /*event*/) {
 
 MenuStrip::MenuStrip(const Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {
     setObjectName(QStringLiteral("fraMenu"));
-    auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(theme::pageMargin, 0, theme::pageMargin, 0);
+    rows_ = new QBoxLayout(QBoxLayout::LeftToRight, this);
+    rows_->setContentsMargins(theme::pageMargin, 0, theme::pageMargin, 0);
+    rows_->setSpacing(0);
+    auto* const layout = new QHBoxLayout;
     layout->setSpacing(6);
+    rows_->addLayout(layout);
+    rows_->addStretch(1);
+    buttons_ = new QHBoxLayout;
+    buttons_->setSpacing(6);
+    rows_->addLayout(buttons_);
     title_ = new QLabel(this);
     title_->setObjectName(QStringLiteral("lblCategory"));
     title_->setFont(theme::HeadingFont());
+    title_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     layout->addWidget(title_);
     layout->addSpacing(8);
     for (std::size_t i = 0; i < tabs_.size(); ++i) {
@@ -93,12 +101,13 @@ MenuStrip::MenuStrip(const Pictures& pictures, QWidget* parent) : QWidget(parent
         tabs_.at(i) = tab;
     }
     layout->addStretch(1);
+    buttons_->addStretch(1);
     BuildSteps();
     BuildUnits();
     action_ = Button(tr("&Calculate"), "cmdShowReport", tr("Calculate this case (F9)"));
     theme::SetRole(*action_, "primary");
     connect(action_, &QPushButton::clicked, this, &MenuStrip::ActionPressed);
-    setFixedHeight(std::max(stripHeight, fontMetrics().height() * 2 + 14));
+    Arrange();
 }
 
 QPushButton* MenuStrip::Button(const QString& text, const char* name, const QString& tip) {
@@ -106,7 +115,7 @@ QPushButton* MenuStrip::Button(const QString& text, const char* name, const QStr
     button->setObjectName(QLatin1String(name));
     button->setToolTip(tip);
     button->setAccessibleName(tip);
-    layout()->addWidget(button);
+    buttons_->addWidget(button);
     return button;
 }
 
@@ -119,7 +128,7 @@ void MenuStrip::BuildSteps() {
     connect(cmdBack_, &QPushButton::clicked, this, &MenuStrip::Back);
     connect(cmdNext_, &QPushButton::clicked, this, &MenuStrip::Next);
     connect(cmdFinish_, &QPushButton::clicked, this, &MenuStrip::Finish);
-    static_cast<QHBoxLayout*>(layout())->addSpacing(8);
+    buttons_->addSpacing(8);
 }
 
 void MenuStrip::BuildUnits() {
@@ -128,7 +137,7 @@ void MenuStrip::BuildUnits() {
     cboSystemUnits_->setAccessibleName(tr("System of units"));
     cboSystemUnits_->setToolTip(tr("Units of all inputs and results"));
     cboSystemUnits_->addItems({QStringLiteral("English"), QStringLiteral("SI")});
-    layout()->addWidget(cboSystemUnits_);
+    buttons_->addWidget(cboSystemUnits_);
     connect(cboSystemUnits_, &QComboBox::activated, this,
             [this](int index) { Q_EMIT UnitsChosen(index == 1); });
     live_ = Button(tr("Li&ve"), "cmdLive", tr("Calculate as you type"));
@@ -155,6 +164,7 @@ void MenuStrip::Show(MenuPosition position, const QString& action) {
     cmdNext_->setEnabled(NextPanel(position).has_value());
     cmdFinish_->setEnabled(category->finish != FinishAction::none);
     action_->setText(action);
+    Arrange();
     QString name = action;
     action_->setAccessibleName(name.remove(u'&'));
 }
@@ -173,6 +183,18 @@ void MenuStrip::resizeEvent(QResizeEvent* event) {
     for (MenuTab* const tab : tabs_) {
         tab->SetCompact(width() < wideEnoughForPictures);
     }
+    Arrange();
+}
+
+void MenuStrip::Arrange() {
+    // In large type or a narrow window the buttons stand below the tabs rather than be cut.
+    const int margins = 2 * theme::pageMargin;
+    const QLayout* const tabs = rows_->itemAt(0)->layout();
+    const bool fits =
+        width() == 0 || tabs->minimumSize().width() + buttons_->minimumSize().width() + margins <= width();
+    rows_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const int row = std::max(stripHeight, fontMetrics().height() * 2 + 14);
+    setFixedHeight(fits ? row : 2 * row);
 }
 
 void MenuStrip::paintEvent(QPaintEvent* /*event*/) {

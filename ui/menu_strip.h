@@ -9,7 +9,9 @@
 
 #include <array>
 
+class QBoxLayout;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -65,10 +67,13 @@ protected:
 
 private:
     QPushButton* Button(const QString& text, const char* name, const QString& tip);
+    void Arrange();
     void BuildSteps();
     void BuildUnits();
 
     const Pictures& pictures_;
+    QBoxLayout* rows_ = nullptr;
+    QHBoxLayout* buttons_ = nullptr;
     QLabel* title_ = nullptr;
     std::array<MenuTab*, 4> tabs_{};
     QPushButton* cmdBack_ = nullptr;

@@ -96,6 +96,8 @@ QMenu::item { padding: 5px 28px 5px 20px; border-radius: 4px; }
 QMenu::item:selected { background: {accentSoft}; color: {text}; }
 QMenu::item:disabled { color: {quiet}; }
 QMenu::separator { height: 1px; background: {line}; margin: 4px 8px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QMessageBox { dialogbuttonbox-buttons-have-icons: 0; }
 QStatusBar { background: {panel}; border-top: 1px solid {line}; color: {quiet}; }
 QStatusBar::item { border: none; }
 QStatusBar QLabel { color: {quiet}; }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes a picture of every panel and window, in both unit systems, light and dark, into a folder:
 //
-//     ui_screenshots FOLDER [SUFFIX]        scale: QT_SCALE_FACTOR=2
+//     ui_screenshots FOLDER [SUFFIX [PERCENT]]        scale: QT_SCALE_FACTOR=2; PERCENT of the usual text
+//     size
 #include "application/navigation.h"
+#include "application/report_run.h"
 #include "tests/ui/program_copy.h"
 #include "ui/dialogs/about_box.h"
 #include "ui/dialogs/disclaimer.h"
@@ -12,6 +14,7 @@
 #include "ui/dialogs/insulation_dialog.h"
 #include "ui/main_window.h"
 #include "ui/theme.h"
+#include "ui/viewer/view_report.h"
 
 #include <QApplication>
 #include <QDir>
@@ -101,6 +104,12 @@ private:
         TakeDialog(about, "about");
         Disclaimer disclaimer(session.Settings(), &window);
         TakeDialog(disclaimer, "disclaimer");
+        session.Choose(Field::SurfaceGeometry, "Horizontal Pipe");
+        const ReportRequest request;
+        FrmViewReport viewer(&window);
+        viewer.ShowReport(RunReport(session.App(), request).rtf, QStringLiteral("NewJob.rtf"));
+        viewer.resize(1000, 800);
+        TakeDialog(viewer, "report");
         HelpWindow help(&window);
         help.Explain(Field::ProcessTemp, session.TheJob(), records);
         TakeDialog(help, "help");
@@ -131,8 +140,13 @@ int main(int argc, char** argv) {
     theme::Install(application);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 2) {
-        std::cerr << "usage: ui_screenshots FOLDER [SUFFIX]\n";
+        std::cerr << "usage: ui_screenshots FOLDER [SUFFIX [PERCENT]]\n";
         return 2;
+    }
+    if (arguments.size() > 3) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(font.pointSizeF() * arguments[3].toDouble() / 100);
+        QApplication::setFont(font);
     }
     Photographer(arguments[1], arguments.value(2)).TakeAll();
     return 0;
