@@ -96,7 +96,9 @@ private:
         for (std::size_t& length : lengths) {
             total += length += gap;
         }
+        total = std::max(total, gap); // plain to see for whoever checks the division
         std::vector<rtf::TableColumn> columns;
+        columns.reserve(lengths.size());
         for (const std::size_t length : lengths) {
             columns.push_back({static_cast<int>(reportTextWidth * length / total),
                                columns.empty() ? rtf::Alignment::left : rtf::Alignment::right});

@@ -235,6 +235,8 @@ void MainWindow::Connect() {
     });
     connect(reports_, &ReportCommands::Said, this,
             [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+    connect(&session_, &Session::Noted, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 8000); });
     strip_->ShowLive(session_.IsLive());
 }
 
@@ -256,6 +258,7 @@ void MainWindow::StartUp() {
         LoadPictures();
         session_.App().LoadConfigurationFile();
         session_.App().BuildCostData();
+        FillDropDowns();
         session_.StartNew();
     } catch (const std::exception& error) {
         messages_.Show(message::loadingForm);
@@ -266,6 +269,15 @@ void MainWindow::StartUp() {
     ShowStatus();
     if (FieldEditor* const first = surface_->EditorOf(Field::ItemDescription)) {
         first->Control()->setFocus();
+    }
+}
+
+void MainWindow::FillDropDowns() {
+    try {
+        RefreshAll();
+    } catch (const std::exception& error) {
+        messages_.Show(message::loadingDropdowns);
+        messages_.Log(error.what());
     }
 }
 

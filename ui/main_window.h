@@ -87,6 +87,7 @@ private:
     [[nodiscard]] int Characters(int count) const;
     [[nodiscard]] bool IsWide() const;
     void PlaceSharedCards(Panel panel);
+    void FillDropDowns();
     void RefreshAll();
     void ShowFindings();
     void ShowTitle();

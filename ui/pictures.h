@@ -12,7 +12,7 @@ namespace kaloria {
 /// The pictures that lie in the folder "images" beside the program, where people may exchange them.
 class Pictures {
 public:
-    explicit Pictures(std::filesystem::path programFolder) : folder_(std::move(programFolder) / "images") {}
+    explicit Pictures(const std::filesystem::path& programFolder) : folder_(programFolder / "images") {}
 
     /// A navigation picture, `<base>on.gif` or `<base>off.gif`; the dark scheme's own where there is one.
     /// Empty when the file is missing or no picture.

@@ -140,6 +140,21 @@ QWidget* InstalledCostPanel::BuildSurfaces() {
         }
     }
     card->Content()->addLayout(grid);
+    const JobField& everything = InfoOf(Field::ReportAllSurfaces);
+    all_ = new QCheckBox(ToQt(everything.label), card);
+    all_->setObjectName(ToQt(everything.control));
+    all_->setProperty("field", static_cast<int>(everything.id));
+    all_->setToolTip(ToQt(everything.help));
+    all_->setAccessibleName(ToQt(everything.label));
+    card->Content()->addWidget(all_);
+    connect(all_, &QCheckBox::clicked, this, [this](bool on) {
+        if (on) {
+            ticks_.SelectAll();
+        } else {
+            ticks_.SelectNone();
+        }
+        Ticked();
+    });
     auto* const row = new QHBoxLayout;
     QPushButton* const all = SmallButton(tr("&All"), "cmdSelectAll", tr("Tick all sizes and surfaces"), card);
     QPushButton* const none = SmallButton(tr("None"), "cmdSelectNone", tr("Tick none"), card);
@@ -249,6 +264,7 @@ void InstalledCostPanel::ShowTicks() {
     for (int position = 1; position <= reportItemCount; ++position) {
         boxes_.at(static_cast<std::size_t>(position - 1))->setChecked(ticks_.IsTicked(position));
     }
+    all_->setChecked(static_cast<int>(ticks_.Positions().size()) == reportItemCount);
     rangeError_->hide();
 }
 

@@ -60,6 +60,7 @@ private:
 
     ItemTicks ticks_;
     std::array<QCheckBox*, reportItemCount> boxes_{};
+    QCheckBox* all_ = nullptr;
     std::array<QRadioButton*, 3> sources_{};
     QLineEdit* range_ = nullptr;
     QLabel* rangeError_ = nullptr;

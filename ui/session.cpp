@@ -53,6 +53,9 @@ void Session::Choose(Field field, const std::string& text) {
     }
     Touched();
     Q_EMIT JobReplaced();
+    for (const std::string& note : outcome.notes) {
+        Q_EMIT Noted(QString::fromStdString(note));
+    }
     if (!outcome.message.empty()) {
         sink_.Show(outcome.message);
     }

@@ -98,6 +98,7 @@ Q_SIGNALS:
     void CatalogueChanged();                 ///< lists of choices are out of date
     void FileChanged();                      ///< path or dirty mark
     void Calculated();                       ///< Result() is new
+    void Noted(const QString& text);         ///< what a choice has changed besides
     void Stale();                            ///< Result() no longer belongs to the inputs
     void Analysed();                         ///< App().Report() has a new economic analysis
 
