@@ -15,6 +15,7 @@
 
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace kaloria {
 

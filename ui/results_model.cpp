@@ -93,7 +93,7 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return row.isDesign ? tr("The first thickness that meets the goal")
                             : (row.fault.empty() ? QString() : ToQt(row.fault));
-    case DesignRole:
+    case designRole:
         return row.isDesign;
     default:
         return {};
@@ -108,7 +108,7 @@ QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int 
     switch (role) {
     case Qt::DisplayRole:
         return ToQt(column.name);
-    case UnitRole:
+    case unitRole:
         return ToQt(column.unit);
     case Qt::TextAlignmentRole:
         return QVariant(section == 0 ? Qt::AlignLeft : Qt::AlignRight);
@@ -131,7 +131,7 @@ QSize TwoLineHeader::sectionSizeFromContents(int logicalIndex) const {
     const int width = std::max(
         name.horizontalAdvance(Trimmed(model()->headerData(logicalIndex, orientation(), Qt::DisplayRole))),
         unit.horizontalAdvance(
-            Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::UnitRole))));
+            Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::unitRole))));
     return {width + 2 * sidePadding, name.height() + unit.height() + 8};
 }
 
@@ -151,7 +151,7 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int logic
     painter->setPen(colors.quiet);
     painter->setFont(theme::CaptionFont());
     painter->drawText(inner, static_cast<int>(alignment | Qt::AlignBottom),
-                      Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::UnitRole)));
+                      Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::unitRole)));
     painter->restore();
 }
 

@@ -13,8 +13,8 @@ class ResultsModel final : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    static constexpr int UnitRole = Qt::UserRole;       ///< second line of a heading
-    static constexpr int DesignRole = Qt::UserRole + 1; ///< whether the row meets the design goal
+    static constexpr int unitRole = Qt::UserRole;       ///< second line of a heading
+    static constexpr int designRole = Qt::UserRole + 1; ///< whether the row meets the design goal
 
     using QAbstractTableModel::QAbstractTableModel;
 

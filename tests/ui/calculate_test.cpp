@@ -75,7 +75,7 @@ void CalculateTest::CompareGrid(const CalculationResult& expected) {
         const ResultColumn& heading = expected.grid.columns[static_cast<std::size_t>(column)];
         QCOMPARE(model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(),
                  QString::fromStdString(heading.name));
-        QCOMPARE(model.headerData(column, Qt::Horizontal, ResultsModel::UnitRole).toString(),
+        QCOMPARE(model.headerData(column, Qt::Horizontal, ResultsModel::unitRole).toString(),
                  QString::fromStdString(heading.unit));
         for (int row = 0; row < model.rowCount(); ++row) {
             const ResultRow& cells = expected.grid.rows[static_cast<std::size_t>(row)];

@@ -4,6 +4,7 @@
 #include "ui/theme.h"
 
 #include <QFontMetricsF>
+#include <QObject>
 #include <QPainter>
 
 #include <algorithm>
