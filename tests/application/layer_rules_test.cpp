@@ -13,7 +13,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::Not;
 
 constexpr const char* hot = "This insulation has a maximum temperature that is lower than the process "

@@ -100,7 +100,7 @@ protected:
     }
 
     /// What a body page of these tags becomes.
-    std::string Body(const std::string& tags, const Sets& sets, Asked asked = {}) {
+    std::string Body(const std::string& tags, const Sets& sets, const Asked& asked = {}) {
         SetShortTemplates();
         const bool economic = asked.kind == ReportKind::economic;
         SetTemplate(std::string(economic ? "Economic" : "Environmental") +

@@ -16,7 +16,6 @@ namespace kaloria {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 class WindowJob : public ::testing::Test {
 protected:
