@@ -60,7 +60,7 @@ public:
     /// The row whose first cell has that text; 0 when none has.
     [[nodiscard]] std::string RowOf(const std::string& text) const {
         for (const pugi::xml_node row : sheet_.child("worksheet").child("sheetData")) {
-            const std::string number = row.attribute("r").value();
+            std::string number = row.attribute("r").value();
             if (Text("A" + number) == text) {
                 return number;
             }
