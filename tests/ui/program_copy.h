@@ -19,9 +19,6 @@ public:
                 fs::copy_file(entry.path(), Path() / inside);
             }
         }
-        const fs::path docs = fs::path(KALORIA_RESOURCES_DIR).parent_path() / "docs";
-        fs::copy_file(docs / "user-guide.md", Path() / "user-guide.md");
-        fs::copy(docs / "pictures", Path() / "pictures");
     }
 
     [[nodiscard]] std::filesystem::path Path() const { return folder_ / "program"; }
