@@ -38,8 +38,8 @@ void LeaveOutTaken(pugi::xml_node root, const tables::Section<Record>& section, 
     for (pugi::xml_node node = root.child(name.c_str()); node; node = node.next_sibling(name.c_str())) {
         for (pugi::xml_node element = node.first_child(); element;) {
             const pugi::xml_node next = element.next_sibling();
-            const auto id = value_text::ParseInteger(element.attribute("ID").value());
-            const std::string_view called = element.attribute("Name").value();
+            const auto id = value_text::ParseInteger(LastAttribute(element, "ID").value());
+            const std::string_view called = LastAttribute(element, "Name").value();
             if (IsTheUsersOnly(records, [&](const Record& record) { return record.ID == id; }) ||
                 IsTheUsersOnly(records, [&](const Record& record) { return record.Name == called; })) {
                 leftOut.push_back(fmt::format("{} {} \"{}\"", section.element, id.value_or(0), called));

@@ -73,7 +73,7 @@ void AppendRecord(pugi::xml_node node, const Section<Record>& section, const Rec
 }
 
 bool IsSystemRecord(const XmlDocument& document, pugi::xml_node element) {
-    const pugi::xml_attribute createdBy = element.attribute("CreatedBy");
+    const pugi::xml_attribute createdBy = LastAttribute(element, "CreatedBy");
     if (!createdBy) {
         throw document.FaultAt(element, "the record has no CreatedBy attribute");
     }

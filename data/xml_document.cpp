@@ -146,6 +146,14 @@ void XmlDocument::CheckDepth() const {
     }
 }
 
+pugi::xml_attribute LastAttribute(pugi::xml_node element, std::string_view name) {
+    pugi::xml_attribute attribute = element.last_attribute();
+    while (attribute && attribute.name() != name) {
+        attribute = attribute.previous_attribute();
+    }
+    return attribute;
+}
+
 std::string TextContent(pugi::xml_node node) {
     TextCollector collector;
     node.traverse(collector);

@@ -55,6 +55,10 @@ private:
     mutable int knownLine_ = 1;
 };
 
+/// The attribute that counts where an element has several of that name (the parser lets them pass): the last,
+/// as when they are all read one after another. Null where there is none.
+[[nodiscard]] pugi::xml_attribute LastAttribute(pugi::xml_node element, std::string_view name);
+
 /// The text of everything inside @p node, comments left out.
 [[nodiscard]] std::string TextContent(pugi::xml_node node);
 

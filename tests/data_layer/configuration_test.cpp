@@ -324,6 +324,11 @@ TEST(SaveConfiguration, OddSections) {
         {"a section that stands there twice does not double the records",
          "<c><BaseMetals/><BaseMetals><a CreatedBy='User'/></BaseMetals></c>",
          "<c>\n\t<BaseMetals>\n\t\t{}\t</BaseMetals>\n\t<BaseMetals />\n</c>\n"},
+        {"of two makers the one that is read says what stays",
+         "<c><BaseMetals><a CreatedBy='User' CreatedBy='System'/><b CreatedBy='System' CreatedBy='User'/>"
+         "</BaseMetals></c>",
+         "<c>\n\t<BaseMetals>\n\t\t<a CreatedBy=\"User\" CreatedBy=\"System\" "
+         "/>\n\t\t{}\t</BaseMetals>\n</c>\n"},
         {"a missing section is made rather than the record lost", "<c><Fuels/></c>",
          "<c>\n\t<Fuels />\n\t<BaseMetals>\n\t\t{}\t</BaseMetals>\n</c>\n"},
         {"what is unknown or behind the root stays",
