@@ -346,9 +346,4 @@ std::int32_t MaterialDeletions::Undo(Catalogue& catalogue) {
                       last.record);
 }
 
-bool HasErrors(const std::vector<Finding>& findings) {
-    return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& finding) { return finding.severity == Severity::error; });
-}
-
 } // namespace kaloria

@@ -97,6 +97,4 @@ struct FuelUnitPair {
 };
 [[nodiscard]] std::span<const FuelUnitPair> FuelUnitPairs();
 
-[[nodiscard]] bool HasErrors(const std::vector<Finding>& findings);
-
 } // namespace kaloria

@@ -18,7 +18,7 @@ int RunAudit(const AuditOptions& options, Workplace& workplace) {
     if (!application.AppendAudit(result)) {
         return exitMisused;
     }
-    return HasError(result.findings) ? exitNotComputed : exitDone;
+    return HasErrors(result.findings) ? exitNotComputed : exitDone;
 }
 
 } // namespace kaloria::cli

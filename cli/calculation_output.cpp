@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/calculation_output.h"
 
+#include "cli/findings_output.h"
 #include "cli/text_table.h"
 #include "data/job_fields.h"
 
@@ -50,17 +51,6 @@ void PrintPanel(const CalculationResult& result, std::ostream& out) {
     }
 }
 
-const char* Word(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "error";
-    case Severity::warning:
-        return "warning";
-    default:
-        return "note";
-    }
-}
-
 json NumberOrNull(const std::optional<double>& value) { return value ? json(*value) : json(nullptr); }
 
 json OptionalOf(const std::optional<float>& value, Quantity quantity, Units units) {
@@ -98,10 +88,7 @@ void PrintReport(const CalculationResult& result, std::ostream& out) {
     if (!result.design.label.empty()) {
         out << '\n' << result.design.label << ' ' << result.design.text << '\n';
     }
-    for (const Finding& finding : result.findings) {
-        out << (&finding == result.findings.data() ? "\n" : "") << Word(finding.severity) << ": "
-            << finding.text << '\n';
-    }
+    PrintFindings(result.findings, out);
 }
 
 void PrintGridCsv(const CalculationResult& result, std::ostream& out) {
@@ -109,12 +96,7 @@ void PrintGridCsv(const CalculationResult& result, std::ostream& out) {
 }
 
 json ToJson(const CalculationResult& result) {
-    json findings = json::array();
-    for (const Finding& finding : result.findings) {
-        findings.push_back(
-            {{"severity", Word(finding.severity)}, {"subject", finding.subject}, {"text", finding.text}});
-    }
-    json object{{"done", result.done}, {"findings", findings}};
+    json object{{"done", result.done}, {"findings", ToJson(result.findings)}};
     if (!result.done) {
         return object;
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/economics_output.h"
+#include "cli/findings_output.h"
 
 #include <nlohmann/json.hpp>
 
@@ -137,12 +138,7 @@ private:
 } // namespace
 
 json ToJson(const EconomicsResult& result, const CReport& report) {
-    json findings = json::array();
-    for (const Finding& finding : result.findings) {
-        findings.push_back(
-            {{"severity", Word(finding.severity)}, {"subject", finding.subject}, {"text", finding.text}});
-    }
-    json object{{"done", result.done}, {"findings", findings}};
+    json object{{"done", result.done}, {"findings", ToJson(result.findings)}};
     if (!result.done) {
         return object;
     }

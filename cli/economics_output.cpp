@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/economics_output.h"
 
+#include "cli/findings_output.h"
 #include "cli/text_table.h"
 #include "data/number_format.h"
 
@@ -330,17 +331,6 @@ std::vector<std::string> CsvCells(const SurfaceResult& surface, const Temperatur
 
 } // namespace
 
-const char* Word(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "error";
-    case Severity::warning:
-        return "warning";
-    default:
-        return "note";
-    }
-}
-
 void PrintEconomics(const EconomicsResult& result, const CReport& report, std::ostream& out) {
     Printer printer(result, report, out);
     printer.PrintInputs();
@@ -353,10 +343,7 @@ void PrintEconomics(const EconomicsResult& result, const CReport& report, std::o
             printer.PrintTables(surface);
         }
     }
-    for (const Finding& finding : result.findings) {
-        out << (&finding == result.findings.data() ? "\n" : "") << Word(finding.severity) << ": "
-            << finding.text << '\n';
-    }
+    PrintFindings(result.findings, out);
 }
 
 void PrintEconomicsCsv(const EconomicsResult& result, const CReport& report, std::ostream& out) {

@@ -21,9 +21,6 @@ void PrintEconomicsCsv(const EconomicsResult& result, const CReport& report, std
 /// name, `temperatures` with `rows` and `economicThickness`), `findings`. What was not computed is null.
 [[nodiscard]] nlohmann::json ToJson(const EconomicsResult& result, const CReport& report);
 
-/// "error", "warning" or "note".
-[[nodiscard]] const char* Word(Severity severity);
-
 /// Quantities of the figures of a surface, per length or per area.
 struct SurfaceQuantities {
     explicit SurfaceQuantities(bool isPipe)

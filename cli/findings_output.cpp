@@ -8,21 +8,6 @@
 
 namespace kaloria::cli {
 
-namespace {
-
-const char* WordOf(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "error";
-    case Severity::warning:
-        return "warning";
-    default:
-        return "note";
-    }
-}
-
-} // namespace
-
 void PrintFindings(const std::vector<Finding>& findings, std::ostream& out) {
     for (const Finding& finding : findings) {
         out << (&finding == findings.data() ? "\n" : "") << WordOf(finding.severity) << ": " << finding.text
@@ -36,11 +21,6 @@ void Complain(const std::vector<Finding>& findings) {
             std::cerr << "kaloria-cli: " << finding.text << '\n';
         }
     }
-}
-
-bool HasError(const std::vector<Finding>& findings) {
-    return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& finding) { return finding.severity == Severity::error; });
 }
 
 nlohmann::json ToJson(const std::vector<Finding>& findings) {

@@ -16,8 +16,6 @@ void PrintFindings(const std::vector<Finding>& findings, std::ostream& out);
 /// Warnings and errors to standard error.
 void Complain(const std::vector<Finding>& findings);
 
-[[nodiscard]] bool HasError(const std::vector<Finding>& findings);
-
 /// An array of `severity`, `subject`, `text`.
 [[nodiscard]] nlohmann::json ToJson(const std::vector<Finding>& findings);
 

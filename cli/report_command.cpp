@@ -22,7 +22,7 @@ int RunReport(const ReportOptions& options, Workplace& workplace) {
     if (!SaveReport(workplace.application, options.file, result.rtf)) {
         return exitMisused;
     }
-    return HasError(result.economics.findings) || !result.economics.complete ? exitNotComputed : exitDone;
+    return HasErrors(result.economics.findings) || !result.economics.complete ? exitNotComputed : exitDone;
 }
 
 } // namespace kaloria::cli

@@ -17,7 +17,7 @@ int RunShortReport(const ShortReportOptions& options, Workplace& workplace) {
     if (!ExportShortReport(workplace.application, result, options.file)) {
         return exitMisused;
     }
-    return HasError(result.findings) || !result.HasAnswer() ? exitNotComputed : exitDone;
+    return HasErrors(result.findings) || !result.HasAnswer() ? exitNotComputed : exitDone;
 }
 
 } // namespace kaloria::cli

@@ -70,7 +70,7 @@ int RunThicknessTable(const ThicknessTableOptions& options, Workplace& workplace
     } else if (table.done && !ExportThicknessTable(application, table, options.file)) {
         return exitMisused;
     }
-    return HasError(table.findings) || !table.done ? exitNotComputed : exitDone;
+    return HasErrors(table.findings) || !table.done ? exitNotComputed : exitDone;
 }
 
 } // namespace kaloria::cli
