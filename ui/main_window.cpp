@@ -13,6 +13,7 @@
 #include "ui/materials_panel.h"
 #include "ui/menu_strip.h"
 #include "ui/minor_windows.h"
+#include "ui/notice.h"
 #include "ui/rail.h"
 #include "ui/report_commands.h"
 #include "ui/report_panels.h"
@@ -156,12 +157,10 @@ void MainWindow::BuildPanels() {
     PanelPage* const fuel = plain(Panel::fuel, "fraData3", tr("Fuel"));
     fuel->AddFields(tr("Fuel"),
                     {Field::Fuel, Field::HeatContent, Field::FuelCost, Field::ConversionEfficiency});
-    fuelNote_ =
-        new QLabel(tr("ℹ This calculation asks for no fuel. Heat Loss Per Year shows cost, savings and "
-                      "emissions; the reports have a fuel of their own under Cost of energy."),
-                   fuel);
-    fuelNote_->setWordWrap(true);
-    theme::SetRole(*fuelNote_, "noticeInfo");
+    fuelNote_ = NewNotice(Severity::information,
+                          tr("This calculation asks for no fuel. Heat Loss Per Year shows cost, savings and "
+                             "emissions; the reports have a fuel of their own under Cost of energy."),
+                          fuel);
     fuel->AddWidget(fuelNote_);
     fuel->AddStretch();
     AddPanel(Panel::project, new ProjectPanel(session_, QStringLiteral("fraData5"), tr("Project")));

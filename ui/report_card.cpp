@@ -70,6 +70,7 @@ QWidget* ReportCard::BuildAudit() {
 QLabel* ReportCard::ValueLabel(const PanelLine& line) {
     auto* const value = new QLabel(ToQt(line.text), lines_);
     value->setObjectName(ObjectName(line.control));
+    value->setTextFormat(Qt::PlainText); // a description may look like markup
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     value->setWordWrap(true);
     value->setAccessibleName(ToQt(line.caption));

@@ -3,6 +3,7 @@
 
 #include "application/wizard_rules.h"
 #include "ui/field_card.h"
+#include "ui/notice.h"
 #include "ui/pictures/economic_card.h"
 #include "ui/theme.h"
 
@@ -57,13 +58,6 @@ void ReportSummary::AddLine(const QString& caption, const QString& text) {
     grid->addWidget(value, row, 1);
 }
 
-void ReportSummary::AddNotice(const char* role, const QString& text) {
-    auto* const notice = new QLabel(text, content_);
-    notice->setWordWrap(true);
-    theme::SetRole(*notice, role);
-    content_->layout()->addWidget(notice);
-}
-
 void ReportSummary::Refresh() {
     const Job& job = session_.TheJob();
     const ReportReading reading = ReadReport(job, session_.Records(), choice_());
@@ -93,21 +87,15 @@ void ReportSummary::Refresh() {
     AddLine(tr("Service"),
             QStringLiteral("%1, %2").arg(job.IsTrue(Field::HotSurface) ? tr("hot") : tr("cold"),
                                          job.IsTrue(Field::NewApplication) ? tr("new") : tr("retrofit")));
-    bool isReady = true;
-    if (const auto problem = ProjectProblem(job); !problem.empty()) {
-        AddNotice("noticeWrong", QStringLiteral("✗ ") + ToQt(problem));
-        isReady = false;
+    const std::string_view problem = ProjectProblem(job);
+    if (!problem.empty()) {
+        column->addWidget(NewNotice(Severity::error, ToQt(problem), content_));
     }
     for (const Finding& finding : reading.findings) {
-        const bool isError = finding.severity == Severity::error;
-        AddNotice(isError                                 ? "noticeWrong"
-                  : finding.severity == Severity::warning ? "noticeCare"
-                                                          : "noticeInfo",
-                  (isError ? QStringLiteral("✗ ") : QStringLiteral("ℹ ")) + ToQt(finding.text));
-        isReady = isReady && !isError;
+        column->addWidget(NewNotice(finding, content_));
     }
-    if (isReady) {
-        AddNotice("noticeMet", tr("✓ Everything that the report needs is there."));
+    if (problem.empty() && !HasErrors(reading.findings)) {
+        column->addWidget(NewGoodNotice(tr("Everything that the report needs is there."), content_));
     }
     qobject_cast<QVBoxLayout*>(layout())->insertWidget(0, content_);
 }

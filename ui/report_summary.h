@@ -29,7 +29,6 @@ public:
 private:
     void AddLine(const QString& caption, const QString& text);
     void FollowAnalysis();
-    void AddNotice(const char* role, const QString& text);
 
     Session& session_;
     std::function<ReportChoice()> choice_;

@@ -3,25 +3,9 @@
 
 #include "ui/theme.h"
 
-#include <QPainter>
-
 #include <algorithm>
 
 namespace kaloria {
-
-namespace {
-
-constexpr int sidePadding = 10;
-
-QFont NameFont(const QWidget& widget) {
-    QFont font = widget.font();
-    font.setWeight(QFont::DemiBold);
-    return font;
-}
-
-QString Trimmed(const QVariant& text) { return text.toString().trimmed(); }
-
-} // namespace
 
 void ResultsModel::Show(const ResultsGrid& grid) {
     // The shape stays while one types; then only the texts are new, and selection and scrolling stay.
@@ -117,42 +101,6 @@ QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int 
     default:
         return {};
     }
-}
-
-TwoLineHeader::TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setHighlightSections(false);
-    setSectionsClickable(false);
-    setMinimumSectionSize(60);
-}
-
-QSize TwoLineHeader::sectionSizeFromContents(int logicalIndex) const {
-    const QFontMetrics name(NameFont(*this));
-    const QFontMetrics unit(theme::CaptionFont());
-    const int width = std::max(
-        name.horizontalAdvance(Trimmed(model()->headerData(logicalIndex, orientation(), Qt::DisplayRole))),
-        unit.horizontalAdvance(
-            Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::unitRole))));
-    return {width + 2 * sidePadding, name.height() + unit.height() + 8};
-}
-
-void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {
-    const theme::Colors& colors = theme::Current();
-    painter->save();
-    painter->fillRect(rect, colors.panel);
-    painter->setPen(colors.line);
-    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
-    const auto alignment = static_cast<Qt::Alignment>(
-        model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole).toInt());
-    const QRect inner = rect.adjusted(sidePadding, 3, -sidePadding, -4);
-    painter->setPen(colors.text);
-    painter->setFont(NameFont(*this));
-    painter->drawText(inner, static_cast<int>(alignment | Qt::AlignTop),
-                      Trimmed(model()->headerData(logicalIndex, orientation(), Qt::DisplayRole)));
-    painter->setPen(colors.quiet);
-    painter->setFont(theme::CaptionFont());
-    painter->drawText(inner, static_cast<int>(alignment | Qt::AlignBottom),
-                      Trimmed(model()->headerData(logicalIndex, orientation(), ResultsModel::unitRole)));
-    painter->restore();
 }
 
 } // namespace kaloria

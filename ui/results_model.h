@@ -4,7 +4,6 @@
 #include "application/calculation_result.h"
 
 #include <QAbstractTableModel>
-#include <QHeaderView>
 
 namespace kaloria {
 
@@ -34,18 +33,6 @@ private:
     [[nodiscard]] QString TextOf(int row, int column) const;
     ResultsGrid grid_;
     bool isStale_ = false;
-};
-
-/// Headings of two lines: the name, and the unit below it in quiet type.
-class TwoLineHeader final : public QHeaderView {
-    Q_OBJECT
-
-public:
-    explicit TwoLineHeader(QWidget* parent);
-    [[nodiscard]] QSize sectionSizeFromContents(int logicalIndex) const override;
-
-protected:
-    void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 };
 
 } // namespace kaloria

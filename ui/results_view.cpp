@@ -3,10 +3,12 @@
 
 #include "application/grid_export.h"
 #include "application/headline.h"
+#include "ui/notice.h"
 #include "ui/pictures/picture_row.h"
 #include "ui/report_card.h"
 #include "ui/results_delegate.h"
 #include "ui/theme.h"
+#include "ui/two_line_header.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -30,40 +32,14 @@ constexpr int rowHeight = 23;
 constexpr int wideView = 980;
 constexpr std::size_t longFigure = 15;
 
-const char* NoticeRole(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "noticeWrong";
-    case Severity::warning:
-        return "noticeCare";
-    case Severity::information:
-        break;
-    }
-    return "noticeInfo";
-}
-
-QString NoticeSign(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return QStringLiteral("✗ ");
-    case Severity::warning:
-        return QStringLiteral("⚠ ");
-    case Severity::information:
-        break;
-    }
-    return QStringLiteral("ℹ ");
-}
-
 } // namespace
 
 ResultsView::ResultsView(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(theme::cardGap);
-    stale_ = new QLabel(this);
+    stale_ = NewNotice(Severity::warning, QString(), this);
     stale_->setObjectName(QStringLiteral("lblStale"));
-    stale_->setWordWrap(true);
-    theme::SetRole(*stale_, "noticeCare");
     stale_->hide();
     layout->addWidget(stale_);
     layout->addWidget(BuildFigures());
@@ -248,11 +224,14 @@ void ResultsView::ShowStale() {
             }
         }
     }
-    stale_->setText(!reasons.isEmpty() ? tr("✗ No answer: %1").arg(reasons.join(u' '))
-                    : model_.rowCount() > 0
-                        ? tr("⚠ Inputs have changed; Calculate brings the answer up to date.")
-                        : tr("ℹ Calculate fills this page."));
-    theme::SetRole(*stale_, reasons.isEmpty() ? "noticeCare" : "noticeWrong");
+    if (!reasons.isEmpty()) {
+        ShowNotice(*stale_, Severity::error, tr("No answer: %1").arg(reasons.join(u' ')));
+    } else if (model_.rowCount() > 0) {
+        ShowNotice(*stale_, Severity::warning,
+                   tr("Inputs have changed; Calculate brings the answer up to date."));
+    } else {
+        ShowNotice(*stale_, Severity::information, tr("Calculate fills this page."));
+    }
     stale_->show();
     model_.SetStale(true);
     grid_->setEnabled(false);
@@ -260,14 +239,6 @@ void ResultsView::ShowStale() {
     pictures_->SetStale();
     report_->setVisible(false);
     ShowNotices();
-}
-
-void ResultsView::AddNotice(const char* role, const QString& text) {
-    auto* const notice = new QLabel(text, notices_);
-    notice->setWordWrap(true);
-    notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    theme::SetRole(*notice, role);
-    notices_->layout()->addWidget(notice);
 }
 
 void ResultsView::ShowNotices() {
@@ -281,11 +252,12 @@ void ResultsView::ShowNotices() {
     }
     bool isClean = true;
     for (const Finding& finding : result.findings) {
-        AddNotice(NoticeRole(finding.severity), NoticeSign(finding.severity) + ToQt(finding.text));
+        notices_->layout()->addWidget(NewNotice(finding, notices_));
         isClean = isClean && finding.severity == Severity::information;
     }
     if (isClean && result.HasAnswer()) {
-        AddNotice("noticeMet", tr("✓ Checked: every row settled, every layer within its service range."));
+        notices_->layout()->addWidget(
+            NewGoodNotice(tr("Checked: every row settled, every layer within its service range."), notices_));
     }
 }
 

@@ -54,7 +54,6 @@ private:
     void ShowNotices();
     void FitGrid();
     void ConnectPictures();
-    void AddNotice(const char* role, const QString& text);
 
     Session& session_;
     ResultsModel model_;

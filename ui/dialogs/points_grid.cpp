@@ -4,8 +4,8 @@
 #include "engine/number_text.h"
 #include "ui/dialogs/entry.h"
 #include "ui/dialogs/grow.h"
-#include "ui/dialogs/unit_header.h"
 #include "ui/theme.h"
+#include "ui/two_line_header.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -70,7 +70,7 @@ void PointsGrid::BuildTable() {
     table_ = new QTableWidget(0, 3);
     table_->setObjectName(QStringLiteral("flxTemperaturePoints"));
     table_->setAccessibleName(tr("Temperature points"));
-    auto* const header = new UnitHeader(table_);
+    auto* const header = new TwoLineHeader(table_);
     table_->setHorizontalHeader(header);
     const QString names[] = {tr("Row"), tr("Temperature"), tr("Conductivity")};
     for (int column = rowColumn; column <= conductivityColumn; ++column) {

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/file_dialogs.h"
 #include "ui/viewer/find_bar.h"
 #include "ui/viewer/paper_view.h"
 #include "ui/viewer/view_report.h"
 
 #include <QAction>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -82,11 +81,7 @@ FrmViewReport::Questions FrmViewReport::Dialogs() {
     Questions questions;
     questions.fileName = [this](const QString& title, const QString& filter, const QString& suffix,
                                 const QString& proposed) {
-        QFileDialog dialog(this, title, QFileInfo(proposed).absolutePath(), filter);
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.setDefaultSuffix(suffix);
-        dialog.selectFile(QFileInfo(proposed).fileName());
-        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+        return files::AskSave(this, title, proposed, filter, suffix);
     };
     questions.tell = [this](const QString& message) { QMessageBox::warning(this, tr("Report"), message); };
     questions.triesElsewhere = [this](const QString& message) {

@@ -6,15 +6,18 @@
 namespace kaloria {
 
 /// Headings of two lines: the name, and under it in small type the unit, which is the heading's UserRole.
-class UnitHeader final : public QHeaderView {
+class TwoLineHeader final : public QHeaderView {
     Q_OBJECT
 
 public:
-    explicit UnitHeader(QWidget* parent = nullptr);
+    explicit TwoLineHeader(QWidget* parent = nullptr);
     [[nodiscard]] QSize sectionSizeFromContents(int column) const override;
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+
+private:
+    [[nodiscard]] QString TextOf(int column, int role) const;
 };
 
 } // namespace kaloria
