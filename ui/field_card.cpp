@@ -17,6 +17,12 @@ namespace {
 
 constexpr int cellsPerField = 3; // label, field, unit
 
+/// Numbers have a unit beside them; everything else takes the room of both.
+bool IsNumber(Field field) {
+    const FieldKind kind = InfoOf(field).kind;
+    return kind == FieldKind::number || kind == FieldKind::moisture;
+}
+
 QLabel* TitleLabel(const QString& text, QWidget* parent) {
     auto* const title = new QLabel(text, parent);
     theme::SetRole(*title, "cardTitle");
@@ -59,11 +65,6 @@ FieldCard::FieldCard(const QString& title, std::initializer_list<Field> fields, 
     grid_->setColumnStretch(columns * cellsPerField, 1);
 }
 
-bool FieldCard::KeepsOneColumn(const FieldEditor& editor) const {
-    const FieldKind kind = InfoOf(editor.Id()).kind;
-    return kind == FieldKind::number || kind == FieldKind::moisture;
-}
-
 void FieldCard::Place(FieldEditor& editor, int row, int column) {
     if (InfoOf(editor.Id()).kind == FieldKind::flag) {
         grid_->addWidget(editor.Control(), row, column, 1, cellsPerField);
@@ -72,7 +73,7 @@ void FieldCard::Place(FieldEditor& editor, int row, int column) {
         return;
     }
     grid_->addWidget(editor.Label(), row, column);
-    if (KeepsOneColumn(editor)) {
+    if (IsNumber(editor.Id())) {
         grid_->addWidget(editor.Control(), row, column + 1);
         grid_->addWidget(editor.Unit(), row, column + 2);
     } else {
@@ -129,16 +130,6 @@ void FieldCard::SetLabelWidth(int width) {
 
 void FieldCard::Add(QWidget* widget) {
     layout_->addWidget(widget);
-    hasOwnContent_ = true;
-}
-
-void FieldCard::AddOnTop(QWidget* widget) {
-    layout_->insertWidget(1, widget);
-    hasOwnContent_ = true;
-}
-
-void FieldCard::AddLayoutOnTop(QLayout* layout) {
-    layout_->insertLayout(1, layout);
     hasOwnContent_ = true;
 }
 

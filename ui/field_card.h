@@ -36,14 +36,10 @@ public:
 
     /// Puts something of the panel's own below the fields.
     void Add(QWidget* widget);
-    /// Puts it above them.
-    void AddOnTop(QWidget* widget);
-    void AddLayoutOnTop(QLayout* layout);
     [[nodiscard]] const std::vector<FieldEditor*>& Editors() const { return editors_; }
 
 private:
     void Place(FieldEditor& editor, int row, int column);
-    [[nodiscard]] bool KeepsOneColumn(const FieldEditor& editor) const;
 
     Session& session_;
     QVBoxLayout* layout_ = nullptr;

@@ -17,6 +17,7 @@ namespace {
 constexpr int pictureSize = 16;
 constexpr int underline = 3;
 constexpr int stripHeight = 46;
+constexpr qreal pictureDensity = 2.0; ///< the heading's picture is drawn for twice the pixels
 constexpr int wideEnoughForPictures = 1080;
 } // namespace
 
@@ -176,7 +177,11 @@ void MenuStrip::ShowLive(bool isLive) {
     live_->setText(isLive ? tr("Li&ve ✓") : tr("Li&ve"));
 }
 
-void MenuStrip::ShowPictures() { Show(shown_, action_->text()); }
+void MenuStrip::ShowPictures() {
+    picture_ = pictures_.Named(QStringLiteral("header.bmp"));
+    picture_.setDevicePixelRatio(pictureDensity);
+    Show(shown_, action_->text());
+}
 
 void MenuStrip::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
@@ -200,6 +205,7 @@ void MenuStrip::Arrange() {
 void MenuStrip::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), theme::Current().panel);
+    painter.drawPixmap(QPointF(width() - picture_.deviceIndependentSize().width(), 0), picture_);
     painter.setPen(theme::Current().line);
     painter.drawLine(rect().bottomLeft(), rect().bottomRight());
 }

@@ -50,6 +50,7 @@ public:
     void Show(MenuPosition position, const QString& action);
     void ShowUnits(bool isSI);
     void ShowLive(bool isLive);
+    /// Loads the pictures of the scheme in force.
     void ShowPictures();
 
 Q_SIGNALS:
@@ -83,6 +84,7 @@ private:
     QPushButton* live_ = nullptr;
     QPushButton* action_ = nullptr;
     MenuPosition shown_;
+    QPixmap picture_;
 };
 
 } // namespace kaloria

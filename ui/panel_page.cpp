@@ -39,11 +39,7 @@ void PanelPage::AddWidget(QWidget* widget) {
     widget->show();
 }
 
-void PanelPage::TakeWidget(QWidget* widget) { layout_->removeWidget(widget); }
-
 void PanelPage::AddStretch() { layout_->addStretch(1); }
-
-void PanelPage::AddFilling(QWidget* widget) { layout_->addWidget(widget, 1); }
 
 void PanelPage::Refresh() {
     int widest = theme::labelWidth;

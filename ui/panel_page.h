@@ -20,10 +20,8 @@ public:
 
     FieldCard* AddFields(const QString& title, std::initializer_list<Field> fields, int columns = 1);
     void AddWidget(QWidget* widget);
-    void TakeWidget(QWidget* widget);
     /// What follows fills up the page.
     void AddStretch();
-    void AddFilling(QWidget* widget);
 
     /// Shows the job anew.
     virtual void Refresh();

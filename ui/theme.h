@@ -53,9 +53,8 @@ inline constexpr int cardGap = 10;     ///< between cards
 inline constexpr int cardPadding = 14; ///< inside a card
 inline constexpr int pageMargin = 16;  ///< around the content of a window
 inline constexpr int labelWidth = 150; ///< of the column of labels
-inline constexpr int fieldHeight = 27;
+inline constexpr int fieldHeight = 27; ///< least height of a row in which one types
 inline constexpr int railWidth = 92;
-inline constexpr int cardRadius = 7;
 
 /// Larger type of the four figures, and of headings.
 [[nodiscard]] QFont FigureFont();
