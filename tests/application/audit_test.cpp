@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The audit line field by field, its 8-bit text, and a file that several programs and full disks must not
 // spoil.
-#include "application/application.h"
 #include "application/audit_file.h"
-#include "application/job_edit.h"
 #include "application/text_encoding.h"
-#include "application/units_switch.h"
 #include "data/atomic_file.h"
 #include "engine/number_text.h"
+#include "tests/support/job_fixture.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -28,30 +26,15 @@
 namespace kaloria {
 namespace {
 
+using test::Sets;
 using test::Slurp;
 using test::Spill;
 using test::TemporaryFolder;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
-using Sets = std::vector<std::pair<const char*, const char*>>;
 
-class Audit : public ::testing::Test {
+class Audit : public test::JobFixture {
 protected:
-    Audit() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    CalculationResult Run(const Sets& sets, Units units = Units::english) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
-            EXPECT_FALSE(problem) << *problem;
-        }
-        UnitsChange(application.CurrentJob(), application.Records(), units, SwitchPrecision::full);
-        return application.Calculate();
-    }
-
     static std::vector<std::string> Fields(const std::string& line) {
         std::vector<std::string> fields(1);
         for (const char c : line) {
@@ -63,9 +46,6 @@ protected:
         }
         return fields;
     }
-
-    MessageList messages;
-    CApplication application;
 };
 
 /// Figures of the steam line of the window's drawing; the emissions are reckoned from its heat flows by hand:

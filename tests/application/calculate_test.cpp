@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole calculations, from a job's texts to the grid, on the reference data that ships.
-#include "application/application.h"
 #include "application/job_edit.h"
 #include "application/units_switch.h"
 #include "engine/number_text.h"
+#include "tests/support/job_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,28 +13,11 @@
 namespace kaloria {
 namespace {
 
+using test::Sets;
 using ::testing::HasSubstr;
-using Sets = std::vector<std::pair<const char*, const char*>>;
 
-class Calculate : public ::testing::Test {
+class Calculate : public test::JobFixture {
 protected:
-    Calculate() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    CalculationResult Run(const Sets& sets, std::optional<Units> units = std::nullopt) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
-            EXPECT_FALSE(problem) << *problem;
-        }
-        if (units) {
-            UnitsChange(application.CurrentJob(), application.Records(), *units, SwitchPrecision::full);
-        }
-        return application.Calculate();
-    }
-
     static std::string Headings(const CalculationResult& result) {
         std::string text;
         for (const ResultColumn& column : result.grid.columns) {
@@ -42,17 +25,6 @@ protected:
         }
         return text;
     }
-
-    static std::string AllFindings(const CalculationResult& result) {
-        std::string text;
-        for (const Finding& finding : result.findings) {
-            text += finding.subject + ": " + finding.text + "\n";
-        }
-        return text;
-    }
-
-    MessageList messages;
-    CApplication application;
 };
 
 /// Figures of the reference model for the steam line of the window's drawing.
@@ -74,7 +46,7 @@ TEST_F(Calculate, TheSteamLineOfTheDrawing) {
     EXPECT_TRUE(result.grid.rows[3].isDesign);
     EXPECT_EQ(result.title, "Personnel Protection Report");
     EXPECT_EQ(result.grid.rows.size(), 19U);
-    EXPECT_TRUE(result.findings.empty()) << AllFindings(result);
+    EXPECT_TRUE(result.findings.empty()) << AllFindings(result.findings);
 }
 
 TEST_F(Calculate, HeadingsFollowTypeGeometryServiceAndUnits) {
@@ -213,7 +185,7 @@ TEST_F(Calculate, GoalsAreMetInclusivelyAndOnlyByWhatTheyMean) {
     hot[1].second = "200";
     hot.emplace_back("DewPoint", "60");
     EXPECT_EQ(Run(hot).design.text, "N/A");
-    EXPECT_THAT(AllFindings(Run(hot)), HasSubstr("no condensation to control"));
+    EXPECT_THAT(AllFindings(Run(hot).findings), HasSubstr("no condensation to control"));
 }
 
 TEST_F(Calculate, MoistureInputsAgreeWithTheChart) {
@@ -294,7 +266,7 @@ TEST_F(Calculate, SaysWhatStandsInTheWayAndWhereCareIsDue) {
         SCOPED_TRACE(row.why);
         const auto result = Run(row.sets);
         EXPECT_EQ(result.done, row.done);
-        EXPECT_THAT(AllFindings(result), HasSubstr(row.finding));
+        EXPECT_THAT(AllFindings(result.findings), HasSubstr(row.finding));
     }
     // Inputs that the calculation does not use may hold anything.
     EXPECT_TRUE(Run({{"DuctWidth", ""}, {"HeatFlowLimit", ""}, {"FuelCost", ""}, {"DewPoint", ""}}).done);
@@ -313,7 +285,7 @@ TEST_F(Calculate, ARowWithoutASolutionShowsADash) {
     EXPECT_FALSE(result.grid.rows[1].cells[0].value);
     EXPECT_EQ(result.grid.rows[1].cells[0].text, "-");
     EXPECT_TRUE(result.grid.rows[0].cells[0].value); // the bare row stands
-    EXPECT_THAT(AllFindings(result),
+    EXPECT_THAT(AllFindings(result.findings),
                 HasSubstr("No result for the thickness 0.5 in: the conductivity of layer 1 (Steep)"));
 }
 
@@ -324,7 +296,7 @@ TEST_F(Calculate, AMissingMaterialIsNamedAndNotDropped) {
     EXPECT_TRUE(application.CurrentJob().layers[0].material.missing);
     const auto result = application.Calculate();
     EXPECT_FALSE(result.done);
-    EXPECT_THAT(AllFindings(result),
+    EXPECT_THAT(AllFindings(result.findings),
                 HasSubstr("Layer 1: its material (ID 4711) is not in the catalogue any more."));
 }
 

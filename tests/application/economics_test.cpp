@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole economic analyses, from a job's texts to typed results, on the reference data that ships.
 #include "application/economics.h"
-#include "application/job_edit.h"
 #include "application/report_items.h"
-#include "application/units_switch.h"
 #include "engine/number_text.h"
 #include "reports/custom_costs.h"
+#include "tests/support/job_fixture.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -16,31 +15,15 @@
 namespace kaloria {
 namespace {
 
+using test::Sets;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using Sets = std::vector<std::pair<std::string, std::string>>;
 
-class Economics : public ::testing::Test {
+class Economics : public test::JobFixture {
 protected:
-    Economics() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    void Open(const Sets& sets, std::optional<Units> units = std::nullopt) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            // Some of the values would be refused by an editor; a file may hold them.
-            application.CurrentJob()[FindField(field)->id] = value;
-        }
-        if (units) {
-            UnitsChange(application.CurrentJob(), application.Records(), *units, SwitchPrecision::full);
-        }
-    }
-
     EconomicsResult Run(const Sets& sets, const EconomicsRequest& request = {},
-                        std::optional<Units> units = std::nullopt) {
-        Open(sets, units);
+                        Units units = Units::english) {
+        OpenAsFiled(sets, units);
         return RunEconomics(application, request);
     }
 
@@ -80,9 +63,6 @@ protected:
         sets.insert(sets.end(), more.begin(), more.end());
         return sets;
     }
-
-    MessageList messages;
-    CApplication application;
 };
 
 TEST_F(Economics, TheSteamLineHasOneMinimumOfCost) {
@@ -295,7 +275,7 @@ TEST_F(Economics, TakesCostsFromAFileAndFromTheLastRun) {
     ASSERT_FALSE(LoadCustomCosts(folder / "Job.costs.csv", costs));
     costs.GetCostData(12, 4).InstalledCost = 33.25F; // 6 in pipe, 2 in
     SaveCustomCosts(folder / "Job.costs.csv", costs);
-    Open(With(steamLine, {{"FEA", "False"}, {"UserSuppliedCostData", "True"}}));
+    OpenAsFiled(With(steamLine, {{"FEA", "False"}, {"UserSuppliedCostData", "True"}}));
     application.JobPath = folder / "Job.kal";
     const auto result = RunEconomics(application, {});
     ASSERT_TRUE(result.complete) << AllFindings(result);
@@ -364,7 +344,7 @@ TEST_F(Economics, ItemsByPosition) {
                {"Bottom of Vessel or Duct", "", 29},   {"Horizontal Tube", "1", std::nullopt},
                {"Horizontal Pipe", "7", std::nullopt}, {"Cube", "6", std::nullopt}};
     for (const auto& row : own) {
-        Open({{"SurfaceGeometry", row.geometry}, {"PipeSize", row.size}});
+        OpenAsFiled({{"SurfaceGeometry", row.geometry}, {"PipeSize", row.size}});
         EXPECT_EQ(OwnItem(application.CurrentJob(), application.Records()), row.position) << row.geometry;
     }
 }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The results grid for other programs.
-#include "application/application.h"
 #include "application/grid_export.h"
-#include "application/job_edit.h"
 #include "data/atomic_file.h"
+#include "tests/support/job_fixture.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/zip_file.h"
 
@@ -94,17 +93,11 @@ TEST(GridExport, TextPastesAsCellsAndNeverAsAFormula) {
               "1.5,140.3,-,\"'@x\ty, z\"\r\n");
 }
 
-TEST(GridExport, TheWorkbookHoldsNumbersFormatsHeadingsAndTheCase) {
-    MessageList messages;
-    CApplication application(KALORIA_RESOURCES_DIR, messages);
-    ASSERT_TRUE(application.LoadConfigurationFile());
-    application.JobPath = application.DefaultJobPath();
-    ASSERT_TRUE(application.OpenJob());
-    Job& job = application.CurrentJob();
-    for (const auto& [field, value] : {std::pair{"ItemDescription", "=2+3"}, {"ProcessTemp", "350.5"}}) {
-        ASSERT_FALSE(SetJobField(job, application.Records(), field, value));
-    }
-    CalculationResult result = application.Calculate();
+class GridWorkbook : public test::JobFixture {};
+
+TEST_F(GridWorkbook, HoldsNumbersFormatsHeadingsAndTheCase) {
+    CalculationResult result = Run({{"ItemDescription", "=2+3"}, {"ProcessTemp", "350.5"}});
+    const Job& job = application.CurrentJob();
     ASSERT_TRUE(result.done && result.grid.rows.size() > 3);
 
     const test::TemporaryFolder scratch;

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the pictures of an answer are made of: the section, the plots, the sensitivity. The engine is the
 // witness.
-#include "application/application.h"
-#include "application/job_edit.h"
 #include "application/plot_series.h"
 #include "application/sensitivity.h"
-#include "application/units_switch.h"
+#include "tests/support/job_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -15,29 +13,11 @@
 namespace kaloria {
 namespace {
 
-using Sets = std::vector<std::pair<const char*, const char*>>;
+using test::Sets;
 
-class PicturesOf : public ::testing::Test {
+class PicturesOf : public test::JobFixture {
 protected:
-    PicturesOf() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    CalculationResult Run(const Sets& sets, Units units = Units::english) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
-            EXPECT_FALSE(problem) << *problem;
-        }
-        UnitsChange(application.CurrentJob(), application.Records(), units, SwitchPrecision::full);
-        return application.Calculate();
-    }
-
     [[nodiscard]] const CaseInputs& Inputs() const { return *application.CalculatedCase(); }
-
-    MessageList messages;
-    CApplication application;
 };
 
 const PlotMark* MarkOf(const PlotModel& plot, PlotMark::Kind kind) {

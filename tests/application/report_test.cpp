@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Economic and environmental reports of whole jobs, with templates of a line each and with those that ship.
-#include "application/application.h"
-#include "application/job_edit.h"
 #include "application/report_file.h"
 #include "application/report_run.h"
-#include "application/units_switch.h"
 #include "reports/rtf_binder.h"
+#include "tests/support/job_fixture.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -18,13 +16,13 @@ namespace kaloria {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Sets;
 using test::Spill;
 using test::TemporaryFolder;
 using ::testing::ContainsRegex;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-using Sets = std::vector<std::pair<const char*, const char*>>;
 
 const std::string separator = std::string(65, '-') + "\n";
 
@@ -48,21 +46,21 @@ struct Asked {
     ReportProgress progress = {};
 };
 
-/// An application in a program folder whose templates can be changed.
-class Report : public ::testing::Test {
-protected:
-    Report() : application((CopyProgramFolder(folder), folder / ""), messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    static void CopyProgramFolder(const TemporaryFolder& folder) {
+/// A program folder whose templates can be changed.
+struct OwnFolder {
+    OwnFolder() {
         for (const auto& entry : fs::directory_iterator(KALORIA_RESOURCES_DIR)) {
             if (entry.is_regular_file()) {
                 fs::copy_file(entry.path(), folder / entry.path().filename().string());
             }
         }
     }
+    TemporaryFolder folder;
+};
+
+class Report : protected OwnFolder, public test::JobFixture {
+protected:
+    Report() : JobFixture(folder / "") {}
 
     void SetTemplate(const std::string& name, const std::string& text) {
         Spill(folder / (name + "Template.rtf"), "{\\rtf1\\ansi\\uc1 " + text + "\\par}");
@@ -80,11 +78,7 @@ protected:
     }
 
     ReportResult Run(const Sets& sets, const Asked& asked = {}) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            application.CurrentJob()[FindField(field)->id] = value;
-        }
-        UnitsChange(application.CurrentJob(), application.Records(), asked.units, SwitchPrecision::full);
+        OpenAsFiled(sets, asked.units);
         ReportRequest request;
         request.economics.choice.items = asked.items;
         request.economics.choice.engineering = asked.engineering;
@@ -110,10 +104,6 @@ protected:
         const auto begin = text.find("body\n") + 5;
         return text.substr(begin, text.find('\n' + separator, begin) - begin);
     }
-
-    TemporaryFolder folder;
-    MessageList messages;
-    CApplication application;
 };
 
 TEST_F(Report, PagesStandInOrderWithASeparatorBehindEach) {

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The short report and the tables as rich text, with the templates that ship.
-#include "application/application.h"
-#include "application/job_edit.h"
 #include "application/short_report.h"
 #include "application/table_report.h"
-#include "application/units_switch.h"
+#include "tests/support/job_fixture.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -15,29 +13,15 @@
 namespace kaloria {
 namespace {
 
+using test::Sets;
 using test::Slurp;
 using test::TemporaryFolder;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
-using Sets = std::vector<std::pair<const char*, const char*>>;
 
-class ShortReports : public ::testing::Test {
+class ShortReports : public test::JobFixture {
 protected:
-    ShortReports() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    void Open(const Sets& sets, Units units = Units::english) {
-        EXPECT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
-            EXPECT_FALSE(problem) << *problem;
-        }
-        UnitsChange(application.CurrentJob(), application.Records(), units, SwitchPrecision::full);
-    }
-
     /// The text of the report that was written, whose tags must all be filled.
     std::string Written() {
         const rtf::Document report(Slurp(path));
@@ -47,8 +31,6 @@ protected:
 
     TemporaryFolder folder;
     const std::filesystem::path path = folder / "a.rtf";
-    MessageList messages;
-    CApplication application;
 };
 
 TEST_F(ShortReports, SaysWhatTheCaseHasAndNothingElse) {

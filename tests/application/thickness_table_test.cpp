@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The thickness table against single calculations, against physics, and against wrong inputs.
-#include "application/application.h"
 #include "application/covering_table.h"
-#include "application/job_edit.h"
 #include "application/thickness_table.h"
-#include "application/units_switch.h"
+#include "tests/support/job_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -14,25 +12,11 @@
 namespace kaloria {
 namespace {
 
+using test::Sets;
 using ::testing::HasSubstr;
-using Sets = std::vector<std::pair<std::string, std::string>>;
 
-class Table : public ::testing::Test {
+class Table : public test::JobFixture {
 protected:
-    Table() : application(KALORIA_RESOURCES_DIR, messages) {
-        application.LoadConfigurationFile();
-        application.JobPath = application.DefaultJobPath();
-    }
-
-    void Open(const Sets& sets, Units units = Units::english) {
-        ASSERT_TRUE(application.OpenJob());
-        for (const auto& [field, value] : sets) {
-            const auto problem = SetJobField(application.CurrentJob(), application.Records(), field, value);
-            ASSERT_FALSE(problem) << *problem;
-        }
-        UnitsChange(application.CurrentJob(), application.Records(), units, SwitchPrecision::full);
-    }
-
     ThicknessTable Make(const Sets& sets, Units units = Units::english) {
         Open(sets, units);
         return MakeThicknessTable(application.CurrentJob(), application.Records());
@@ -46,16 +30,6 @@ protected:
         return found - series.begin();
     }
 
-    static std::string AllFindings(const ThicknessTable& table) {
-        std::string text;
-        for (const Finding& finding : table.findings) {
-            text += finding.subject + ": " + finding.text + "\n";
-        }
-        return text;
-    }
-
-    MessageList messages;
-    CApplication application;
     const Catalogue& records = application.Records();
 };
 
@@ -68,14 +42,14 @@ TEST_F(Table, TheSteamLineOfTheDrawing) {
         Sets sets = temps;
         sets.emplace_back("MaxSurfaceTemp", limit);
         const auto table = Make(sets);
-        ASSERT_TRUE(table.done) << AllFindings(table);
+        ASSERT_TRUE(table.done) << AllFindings(table.findings);
         ASSERT_EQ(table.rows.size(), 26U);
         EXPECT_EQ(table.rows[11].size, "6");
         EXPECT_EQ(table.columns[0].text, "300 °F");
         EXPECT_EQ(table.columns[1].value, 350.0);
         EXPECT_EQ(table.columns[5].text, "550 °F");
         EXPECT_EQ(table.rows[11].cells[1].thickness, thickness) << limit;
-        EXPECT_TRUE(table.findings.empty()) << AllFindings(table);
+        EXPECT_TRUE(table.findings.empty()) << AllFindings(table.findings);
     }
 }
 
@@ -107,7 +81,7 @@ TEST_F(Table, EveryCellIsTheDesignThicknessOfItsCase) {
     };
     for (const auto& row : rows) {
         const auto table = Make(row.sets, row.units);
-        ASSERT_TRUE(table.done) << AllFindings(table);
+        ASSERT_TRUE(table.done) << AllFindings(table.findings);
         for (const auto& [size, column] : row.cells) {
             const auto& cell = table.rows[size].cells[column];
             SCOPED_TRACE(table.rows[size].size + " at " + table.columns[column].text);
@@ -207,11 +181,11 @@ TEST_F(Table, SaysWhatIsWrongAndWhatToKnow) {
     };
     for (const auto& row : rows) {
         const auto table = Make(row.sets);
-        SCOPED_TRACE(AllFindings(table));
+        SCOPED_TRACE(AllFindings(table.findings));
         EXPECT_EQ(table.done, row.done) << row.finding;
         EXPECT_EQ(table.rows.empty(), !row.done);
-        EXPECT_THAT(AllFindings(table), HasSubstr(row.finding));
-        EXPECT_EQ(AllFindings(table).empty(), *row.finding == '\0');
+        EXPECT_THAT(AllFindings(table.findings), HasSubstr(row.finding));
+        EXPECT_EQ(AllFindings(table.findings).empty(), *row.finding == '\0');
     }
 }
 
@@ -219,7 +193,7 @@ TEST_F(Table, NothingWhereNoThicknessIsEnoughAndAnErrorWhereNoneCanBeComputed) {
     const auto none = Make({{"MaxSurfaceTemp", "76"}});
     EXPECT_FALSE(none.rows[11].cells[0].thickness);
     EXPECT_EQ(none.rows[11].cells[0].text, "-");
-    EXPECT_TRUE(none.findings.empty()) << AllFindings(none);
+    EXPECT_TRUE(none.findings.empty()) << AllFindings(none.findings);
     // A material whose conductivity falls below zero where it is hot.
     CInsulation* const material =
         FindByName(application.Records().Insulations, "Mineral Wool Pipe Insulation 1200 F");
@@ -233,7 +207,7 @@ TEST_F(Table, NothingWhereNoThicknessIsEnoughAndAnErrorWhereNoneCanBeComputed) {
     EXPECT_FALSE(faulty.rows[11].cells[5].thickness);
     EXPECT_TRUE(std::any_of(faulty.findings.begin(), faulty.findings.end(), [](const Finding& f) {
         return f.severity == Severity::error && f.text.find("At 750 °F there are thicknesses") == 0;
-    })) << AllFindings(faulty);
+    })) << AllFindings(faulty.findings);
 }
 
 /// Dimensions of ASTM C585: 2 inch insulation on a 6 inch pipe is 10.75 inches outside, which is a 10 inch
