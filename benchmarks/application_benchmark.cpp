@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a person waits for: a full table of sizes and thicknesses, the reference data at start-up, one
 // calculation.
-#include "application/application.h"
 #include "application/solved_rows.h"
 #include "application/thickness_table.h"
+#include "benchmarks/default_job.h"
 #include "data/configuration_file.h"
-
-#include <benchmark/benchmark.h>
 
 namespace kaloria {
 namespace {
@@ -26,9 +24,8 @@ BENCHMARK(LoadReferenceData)->Unit(benchmark::kMillisecond);
 
 /// 26 pipe sizes by 18 thicknesses, each row solved and settled; bare rows included.
 void TableOfSizesAndThicknesses(benchmark::State& state) {
-    MessageList messages;
-    CApplication application(resources, messages);
-    application.LoadConfigurationFile();
+    DefaultJob job(state);
+    CApplication& application = job.application;
     CaseReading reading = ReadCase(application.CurrentJob(), application.Records());
     CaseInputs inputs = *reading.inputs;
     inputs.onlyListed = false;
@@ -48,13 +45,9 @@ void TableOfSizesAndThicknesses(benchmark::State& state) {
 BENCHMARK(TableOfSizesAndThicknesses)->Unit(benchmark::kMillisecond);
 
 void CalculateDefaultJob(benchmark::State& state) {
-    MessageList messages;
-    CApplication application(resources, messages);
-    application.LoadConfigurationFile();
-    application.JobPath = application.DefaultJobPath();
-    application.OpenJob();
+    DefaultJob job(state);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(application.Calculate().grid.rows.size());
+        benchmark::DoNotOptimize(job.application.Calculate().grid.rows.size());
     }
 }
 BENCHMARK(CalculateDefaultJob)->Unit(benchmark::kMillisecond);

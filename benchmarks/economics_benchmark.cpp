@@ -2,18 +2,14 @@
 // Economic analyses as reports ask for them, on the reference data that ships.
 #include "application/economics.h"
 #include "application/report_items.h"
-
-#include <benchmark/benchmark.h>
+#include "benchmarks/default_job.h"
 
 namespace kaloria {
 namespace {
 
 void Analyses(benchmark::State& state, bool engineering, bool everything) {
-    MessageList messages;
-    CApplication application(KALORIA_RESOURCES_DIR, messages);
-    application.JobPath = application.DefaultJobPath();
-    if (!application.LoadConfigurationFile() || !application.OpenJob()) {
-        state.SkipWithError("the reference data cannot be read");
+    DefaultJob job(state);
+    if (!job.IsOpen()) {
         return;
     }
     EconomicsRequest request;
@@ -22,14 +18,14 @@ void Analyses(benchmark::State& state, bool engineering, bool everything) {
         request.choice.items = AllItems();
     }
     for (auto _ : state) {
-        const EconomicsResult result = RunEconomics(application, request);
+        const EconomicsResult result = RunEconomics(job.application, request);
         if (!result.complete) {
             state.SkipWithError("the analysis is not complete");
             return;
         }
     }
     double solutions = 0;
-    for (const SurfaceResult& surface : application.Report().Analysis()->surfaces) {
+    for (const SurfaceResult& surface : job.application.Report().Analysis()->surfaces) {
         for (const TemperatureResult& step : surface.temperatures) {
             for (const ThicknessResult& row : step.rows) {
                 solutions += row.IsSolved() ? 1 : 0;

@@ -2,8 +2,7 @@
 // Whole reports with the templates that ship, from the job to the finished rich text.
 #include "application/report_items.h"
 #include "application/report_run.h"
-
-#include <benchmark/benchmark.h>
+#include "benchmarks/default_job.h"
 
 #include <sys/resource.h>
 
@@ -11,11 +10,8 @@ namespace kaloria {
 namespace {
 
 void Reports(benchmark::State& state, ReportKind kind, bool engineering) {
-    MessageList messages;
-    CApplication application(KALORIA_RESOURCES_DIR, messages);
-    application.JobPath = application.DefaultJobPath();
-    if (!application.LoadConfigurationFile() || !application.OpenJob()) {
-        state.SkipWithError("the reference data cannot be read");
+    DefaultJob job(state);
+    if (!job.IsOpen()) {
         return;
     }
     ReportRequest request;
@@ -24,7 +20,7 @@ void Reports(benchmark::State& state, ReportKind kind, bool engineering) {
     request.economics.choice.items = AllItems();
     double bytes = 0;
     for (auto _ : state) {
-        const ReportResult result = RunReport(application, request);
+        const ReportResult result = RunReport(job.application, request);
         if (result.rtf.empty()) {
             state.SkipWithError("there is no report");
             return;
