@@ -161,42 +161,49 @@ TEST_F(PicturesOf, SensitivityAgreesWithAJobThatWasChanged) {
     ASSERT_TRUE(base.HasAnswer());
     const auto all = SensitivityOf(base.solved[1], Inputs());
     ASSERT_EQ(all.size(), uncertainInputs.size());
-    const std::pair<UncertainInput, std::pair<const char*, const char*>> moved[] = {
-        {UncertainInput::processTemp, {"ProcessTemp", "377.5"}}, // 350 to 75 is 275
-        {UncertainInput::ambientTemp, {"AmbientTemp", "102.5"}},
-        {UncertainInput::windSpeed, {"WindSpeed", "5.5"}},
-        {UncertainInput::thickness, {"Insulation.1.Thickness", "2.2"}},
-        {UncertainInput::emittance, {}},
-        {UncertainInput::conductivity, {}},
+    const struct {
+        UncertainInput input;
+        const char* field;
+        const char* high;
+        const char* low;
+    } moved[] = {
+        {UncertainInput::processTemp, "ProcessTemp", "377.5", "322.5"}, // 350 to 75 is 275
+        {UncertainInput::ambientTemp, "AmbientTemp", "102.5", "47.5"},
+        {UncertainInput::windSpeed, "WindSpeed", "5.5", "4.5"},
+        {UncertainInput::thickness, "Insulation.1.Thickness", "2.2", "1.8"},
+        {UncertainInput::emittance, nullptr, nullptr, nullptr},
+        {UncertainInput::conductivity, nullptr, nullptr, nullptr},
     };
-    for (const auto& [input, change] : moved) {
-        Sets changed = sets;
+    const auto scaleRecords = [this](UncertainInput input, float factor) {
         for (CJacketMaterial& jacket : application.JacketMaterials()) {
-            jacket.Emittance *= input == UncertainInput::emittance ? 1.1F : 1.0F;
+            jacket.Emittance *= input == UncertainInput::emittance ? factor : 1.0F;
         }
         for (CInsulation& insulation : application.Insulations()) {
             for (CTemperaturePoint& point : insulation.TemperaturePoints) {
-                point.Conductivity *= input == UncertainInput::conductivity ? 1.1F : 1.0F;
+                point.Conductivity *= input == UncertainInput::conductivity ? factor : 1.0F;
             }
             for (float* const coefficient : {&insulation.A, &insulation.B, &insulation.C}) {
-                *coefficient *= input == UncertainInput::conductivity ? 1.1F : 1.0F;
+                *coefficient *= input == UncertainInput::conductivity ? factor : 1.0F;
             }
         }
-        if (change.first != nullptr) {
-            changed.push_back(change);
-        }
-        const CalculationResult again = Run(changed);
-        ASSERT_TRUE(again.HasAnswer());
-        const auto found = std::find_if(all.begin(), all.end(),
-                                        [input = input](const Sensitivity& s) { return s.input == input; });
-        EXPECT_NEAR(found->high->flow, again.solved[1].comparedFlow / base.solved[1].comparedFlow - 1, 1e-5)
-            << found->name;
-        EXPECT_NEAR(found->high->surface, again.solved[1].surfaceTemp - base.solved[1].surfaceTemp, 2e-3)
-            << found->name;
-        if (input == UncertainInput::emittance) {
-            for (CJacketMaterial& jacket : application.JacketMaterials()) {
-                jacket.Emittance /= 1.1F;
+    };
+    for (const auto& row : moved) {
+        const auto found =
+            std::find_if(all.begin(), all.end(), [&](const Sensitivity& s) { return s.input == row.input; });
+        for (const bool isHigh : {false, true}) {
+            SCOPED_TRACE(found->name + (isHigh ? ", high" : ", low"));
+            const float factor = isHigh ? 1.1F : 0.9F;
+            scaleRecords(row.input, factor);
+            Sets changed = sets;
+            if (row.field != nullptr) {
+                changed.emplace_back(row.field, isHigh ? row.high : row.low);
             }
+            const CalculationResult again = Run(changed);
+            scaleRecords(row.input, 1 / factor);
+            ASSERT_TRUE(again.HasAnswer());
+            const Sensitivity::Change& change = isHigh ? *found->high : *found->low;
+            EXPECT_NEAR(change.flow, again.solved[1].comparedFlow / base.solved[1].comparedFlow - 1, 1e-5);
+            EXPECT_NEAR(change.surface, again.solved[1].surfaceTemp - base.solved[1].surfaceTemp, 2e-3);
         }
     }
     for (std::size_t i = 1; i < all.size(); ++i) {
