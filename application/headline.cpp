@@ -47,6 +47,14 @@ HeadlineFigure FigureOf(const CalculationResult& result, std::size_t row, const 
             HeadlineFigure::Goal::none};
 }
 
+/// What follows the name of a figure; short, as the captions stand in narrow cards.
+std::string WhereOf(const CalculationResult& result, std::size_t row) {
+    if (row == 0) {
+        return ", bare";
+    }
+    return result.grid.rows.at(row).thickness ? " at " + RowCaption(result, row) : ", as given";
+}
+
 HeadlineFigure FirstFigure(const CalculationResult& result) {
     if (!result.design.label.empty()) {
         return {"Design thickness",
@@ -86,10 +94,10 @@ std::string RowCaption(const CalculationResult& result, std::size_t row) {
 }
 
 std::vector<HeadlineFigure> HeadlineFigures(const CalculationResult& result, std::size_t row) {
-    const std::string at = row == 0 ? ", bare" : " at " + RowCaption(result, row);
+    const std::string at = WhereOf(result, row);
     std::vector<HeadlineFigure> figures{FirstFigure(result)};
     if (const ResultColumn* const surface = ColumnOf(result.grid, ResultKind::surfaceTemp)) {
-        figures.push_back(FigureOf(result, row, surface, surface->name + at));
+        figures.push_back(FigureOf(result, row, surface, "Surface" + at));
     }
     if (const ResultColumn* const flow = FlowColumn(result.grid)) {
         figures.push_back(FigureOf(result, row, flow, flow->name + at));

@@ -13,7 +13,7 @@ namespace kaloria {
 /// One of the figures that a person looks for first.
 struct HeadlineFigure {
     enum class Goal : std::uint8_t { none, met, missed };
-    std::string caption; ///< "Surface Temp at 1.5 in."
+    std::string caption; ///< "Surface at 1.5 in."
     std::string text;    ///< "110.9"; "-" when it was not computed
     std::string unit;    ///< "°F"
     Goal goal = Goal::none;
