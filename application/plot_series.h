@@ -31,6 +31,8 @@ struct PlotCurve {
     int style = 0;        ///< of the line: 0 solid, then dashes and dots in turn
     std::vector<PlotPoint> points;
     bool named = true; ///< stands in the legend, when there is one
+    int marker = 0;    ///< of the points: 0 a disc, then other shapes in turn
+    bool ring = false; ///< its points are rings about the points of another curve
 };
 
 /// A line through the whole plot.
@@ -78,6 +80,7 @@ struct PlotModel {
     std::vector<PlotCurve> curves;
     std::vector<PlotMark> marks;
     std::vector<PlotBars> bars; ///< instead of curves, side by side with the same names
+    int namesAcross = 6;        ///< in a line of the legend
     std::string note;           ///< a line below
     std::string description;    ///< in words
 

@@ -54,6 +54,15 @@ struct CalculateOptions : JobOptions {
 };
 [[nodiscard]] int RunCalculate(const CalculateOptions& options, Workplace& workplace);
 
+struct CompareOptions : JobOptions {
+    std::vector<std::filesystem::path> jobs; ///< two to mostKeptCases
+    std::optional<double> thickness; ///< nominal, to compare at [in or mm]; none: the design thickness
+    Format format = Format::table;
+    std::filesystem::path file; ///< .csv or .xlsx, replaced by the comparison; empty: it is printed
+};
+/// Calculates jobs and puts them side by side.
+[[nodiscard]] int RunCompare(const CompareOptions& options, Workplace& workplace);
+
 struct AuditOptions : JobOptions {
     std::filesystem::path file; ///< that receives the line
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "application/comparison.h"
 #include "application/program_folder.h"
 #include "cli/commands.h"
 
@@ -22,8 +23,8 @@ void AddFormat(CLI::App& command, Format& format) {
         ->option_text("FORMAT");
 }
 
-void AddJob(CLI::App& command, JobOptions& options) {
-    command.add_option("job", options.job, "Job file (default: the default job)")->option_text("JOB");
+/// What is changed in a job before it is used.
+void AddChanges(CLI::App& command, JobOptions& options) {
     command
         .add_option(
             "--set", options.sets,
@@ -33,6 +34,11 @@ void AddJob(CLI::App& command, JobOptions& options) {
         ->allow_extra_args(false);
     command.add_option("--units", options.units, "Switch the job to english or si units")
         ->check(CLI::IsMember({"english", "si"}));
+}
+
+void AddJob(CLI::App& command, JobOptions& options) {
+    command.add_option("job", options.job, "Job file (default: the default job)")->option_text("JOB");
+    AddChanges(command, options);
 }
 
 void AddAnalysis(CLI::App& command, AnalysisOptions& options) {
@@ -69,10 +75,31 @@ void AddReport(CLI::App& command, ReportOptions& options) {
     AddOutput(command, options.file, "The report, a rich-text file; replaced when it is there")->required();
 }
 
+void AddCompare(CLI::App& command, CompareOptions& options) {
+    command
+        .add_option("jobs", options.jobs, "Job files, two to six; the first is what the others differ from")
+        ->required()
+        ->expected(2, static_cast<int>(kaloria::mostKeptCases))
+        ->option_text("JOB JOB...");
+    AddChanges(command, options);
+    command
+        .add_option("--thickness", options.thickness,
+                    "Compare at the nominal thickness nearest to this one, in or mm, in place of the design "
+                    "thickness")
+        ->option_text("T");
+    AddFormat(command, options.format);
+    AddOutput(command, options.file, "Write the comparison to this .xlsx or .csv file instead of printing it")
+        ->check([](const std::string& file) {
+            const auto suffix = std::filesystem::path(file).extension();
+            return suffix == ".xlsx" || suffix == ".csv" ? std::string() : "write FILE.xlsx or FILE.csv";
+        });
+}
+
 /// Everything the command line can say.
 struct Arguments {
     std::string programFolder;
     CalculateOptions calculate;
+    CompareOptions compare;
     AuditOptions audit;
     ThicknessTableOptions thicknessTable;
     EconomicsOptions economics;
@@ -82,6 +109,7 @@ struct Arguments {
     ListOptions list;
     CheckOptions check;
     CLI::App* calculateCommand = nullptr;
+    CLI::App* compareCommand = nullptr;
     CLI::App* auditCommand = nullptr;
     CLI::App* thicknessTableCommand = nullptr;
     CLI::App* economicsCommand = nullptr;
@@ -98,6 +126,8 @@ struct Arguments {
         calculateCommand = app.add_subcommand("calculate", "Calculate a job and print its results");
         AddJob(*calculateCommand, calculate);
         AddFormat(*calculateCommand, calculate.format);
+        compareCommand = app.add_subcommand("compare", "Calculate jobs and print them side by side");
+        AddCompare(*compareCommand, compare);
         auditCommand = app.add_subcommand("audit", "Calculate a job and append it to an audit file");
         AddJob(*auditCommand, audit);
         auditCommand->add_option("--append", audit.file, "The audit file; created when it is missing")
@@ -157,6 +187,9 @@ int Run(const Arguments& arguments) {
         return RunCheck(arguments.check, folder);
     }
     Workplace workplace(folder);
+    if (arguments.compareCommand->parsed()) {
+        return RunCompare(arguments.compare, workplace);
+    }
     if (arguments.auditCommand->parsed()) {
         return RunAudit(arguments.audit, workplace);
     }

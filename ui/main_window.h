@@ -18,6 +18,7 @@ class QStackedWidget;
 
 namespace kaloria {
 
+class CompareCommands;
 class InstalledCostPanel;
 class JobCommands;
 class LayersCard;
@@ -53,6 +54,7 @@ public:
 
     [[nodiscard]] Session& TheSession() { return session_; }
     [[nodiscard]] JobCommands& Jobs() { return *jobs_; }
+    [[nodiscard]] CompareCommands& Compare() { return *compare_; }
     void ShowPosition(MenuPosition position);
     [[nodiscard]] MenuPosition Position() const { return position_; }
     void ShowPanel(Panel panel);
@@ -115,6 +117,7 @@ private:
     MenuPosition position_;
     JobCommands* jobs_ = nullptr;
     ReportCommands* reports_ = nullptr;
+    CompareCommands* compare_ = nullptr;
     Rail* rail_ = nullptr;
     MenuStrip* strip_ = nullptr;
     QLabel* imgBackground_ = nullptr;

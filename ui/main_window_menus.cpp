@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/grid_export.h"
 #include "data/atomic_file.h"
+#include "ui/compare/compare_commands.h"
 #include "ui/file_dialogs.h"
 #include "ui/job_commands.h"
 #include "ui/layers_card.h"
@@ -72,6 +73,16 @@ void MainWindow::BuildEditMenu() {
             results_->CopyGrid();
             statusBar()->showMessage(tr("Results copied"), 5000);
         });
+    compare_ = new CompareCommands(session_, *jobs_, *results_, *this);
+    auto* const keep = Add(menu, tr("&Keep case"), "mnuEditKeepCase", QKeySequence(Qt::CTRL | Qt::Key_K),
+                           [this] { compare_->Keep(); });
+    auto* const show =
+        Add(menu, tr("Co&mpare cases..."), "mnuEditCompare", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K),
+            [this] { compare_->ShowWindow(); });
+    connect(results_, &ResultsView::KeepAsked, keep, &QAction::trigger);
+    connect(results_, &ResultsView::CompareAsked, show, &QAction::trigger);
+    connect(compare_, &CompareCommands::Said, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 8000); });
     menu.addSeparator();
     Add(menu, tr("&Load defaults"), "mnuEditLoadDefaults", {}, [this] { jobs_->LoadDefaults(); });
     Add(menu, tr("&Save as default..."), "mnuEditSaveAsDefault", {}, [this] { jobs_->SaveAsDefault(); });

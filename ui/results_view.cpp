@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QTableView>
@@ -123,7 +124,9 @@ QWidget* ResultsView::BuildGrid() {
     card->setAttribute(Qt::WA_StyledBackground);
     theme::SetRole(*card, "card");
     auto* const layout = new QVBoxLayout(card);
-    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setContentsMargins(6, 4, 6, 6);
+    layout->setSpacing(0);
+    layout->addWidget(BuildKeep());
     grid_ = new QTableView(card);
     grid_->setObjectName(QStringLiteral("flxResults"));
     grid_->setAccessibleName(tr("Results"));
@@ -149,6 +152,42 @@ QWidget* ResultsView::BuildGrid() {
                 }
             });
     return card;
+}
+
+/// A line above the grid: keep this answer, compare those that are kept.
+QWidget* ResultsView::BuildKeep() {
+    auto* const line = new QWidget(this);
+    auto* const layout = new QHBoxLayout(line);
+    layout->setContentsMargins(theme::gap, 0, 0, 0);
+    layout->setSpacing(2);
+    auto* const title = new QLabel(tr("Results"), line);
+    theme::SetRole(*title, "cardTitle");
+    layout->addWidget(title);
+    layout->addStretch(1);
+    const auto add = [line, layout](const QString& text, const char* name, const QString& tip) {
+        auto* const button = new QPushButton(text, line);
+        button->setObjectName(QLatin1String(name));
+        button->setFont(theme::CaptionFont());
+        button->setToolTip(tip);
+        button->setAccessibleName(tip);
+        theme::SetRole(*button, "segment");
+        layout->addWidget(button);
+        return button;
+    };
+    auto* const keep = add(tr("Keep case"), "cmdKeepCase", tr("Keep this case for comparison (Ctrl+K)"));
+    compare_ = add(tr("Compare..."), "cmdCompare", tr("Show the kept cases side by side (Ctrl+Shift+K)"));
+    connect(keep, &QPushButton::clicked, this, &ResultsView::KeepAsked);
+    connect(compare_, &QPushButton::clicked, this, &ResultsView::CompareAsked);
+    return line;
+}
+
+void ResultsView::ShowKept(int count) {
+    compare_->setText(count > 0 ? tr("Compare %1...").arg(count) : tr("Compare..."));
+}
+
+std::optional<std::size_t> ResultsView::ChosenRow() const {
+    const int row = grid_->currentIndex().row();
+    return row > 0 && row != model_.DesignRow() ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
 void ResultsView::ShowResult() {

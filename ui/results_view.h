@@ -7,9 +7,11 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 class QBoxLayout;
 class QLabel;
+class QPushButton;
 class QTableView;
 class QVBoxLayout;
 
@@ -30,9 +32,15 @@ public:
     [[nodiscard]] QTableView* Grid() const { return grid_; }
 
     void CopyGrid() const;
+    /// The insulated row that a person has chosen; nothing while the answer shows its own.
+    [[nodiscard]] std::optional<std::size_t> ChosenRow() const;
+    /// How many cases wait to be compared.
+    void ShowKept(int count);
 
 Q_SIGNALS:
     void RowChosen(int row);
+    void KeepAsked();    ///< the case is to be kept for comparison
+    void CompareAsked(); ///< the kept cases are to be shown
     void Said(const QString& message);
 
 protected:
@@ -48,6 +56,7 @@ private:
 
     QWidget* BuildFigures();
     QWidget* BuildGrid();
+    QWidget* BuildKeep();
     void ShowResult();
     void ShowStale();
     void ShowFigures(int row);
@@ -62,6 +71,7 @@ private:
     QBoxLayout* columns_ = nullptr;
     QTableView* grid_ = nullptr;
     QLabel* stale_ = nullptr;
+    QPushButton* compare_ = nullptr;
     QWidget* notices_ = nullptr;
     ReportCard* report_ = nullptr;
 };

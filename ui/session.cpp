@@ -204,6 +204,11 @@ void Session::TakeRecovered(const Job& job, const std::filesystem::path& path) {
     Q_EMIT JobOpened();
 }
 
+void Session::TakeCase(const Job& job, const UnitsMemory& memory) {
+    TakeRecovered(job, {});
+    memory_ = memory;
+}
+
 void Session::LoadDefaults() {
     const std::filesystem::path before = application_.JobPath;
     const std::string category = TheJob()[Field::CurrentCategory];

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] CApplication& App() { return application_; }
     [[nodiscard]] const Catalogue& Records() { return application_.Records(); }
     [[nodiscard]] const Job& TheJob() { return application_.CurrentJob(); }
+    /// What the entries were before the units were switched.
+    [[nodiscard]] const UnitsMemory& Memory() const { return memory_; }
     [[nodiscard]] SettingsStore& Settings() { return settings_; }
     [[nodiscard]] MessageSink& Messages() { return sink_; }
 
@@ -71,6 +73,8 @@ public:
     void StartNew();
     /// Takes a job that was recovered after a crash.
     void TakeRecovered(const Job& job, const std::filesystem::path& path);
+    /// Takes a job that was kept for comparison; it has no file of its own.
+    void TakeCase(const Job& job, const UnitsMemory& memory);
     /// Puts the inputs of the default job into the current one, which keeps its file.
     void LoadDefaults();
     bool SaveAsDefault();

@@ -44,10 +44,13 @@ void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int colum
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     painter->setPen(colors.text);
     painter->setFont(theme::BoldFont());
-    painter->drawText(inner, side | Qt::AlignTop, TextOf(column, Qt::DisplayRole));
+    const auto fitting = [&](int role) {
+        return painter->fontMetrics().elidedText(TextOf(column, role), Qt::ElideRight, inner.width());
+    };
+    painter->drawText(inner, side | Qt::AlignTop, fitting(Qt::DisplayRole));
     painter->setPen(colors.quiet);
     painter->setFont(theme::CaptionFont());
-    painter->drawText(inner, side | Qt::AlignBottom, TextOf(column, Qt::UserRole));
+    painter->drawText(inner, side | Qt::AlignBottom, fitting(Qt::UserRole));
     painter->restore();
 }
 

@@ -18,7 +18,7 @@ constexpr double lineWidth = 1.8;
 constexpr double room = 0.06;     // of a range, left free at its ends
 constexpr double barWidth = 0.36; // of the distance from bar to bar
 constexpr int fewTicks = 4;
-constexpr int legendColumns = 6;
+constexpr double ringSize = 12;
 
 /// A span of values that grows.
 struct Span {
@@ -52,6 +52,19 @@ Qt::PenStyle PenStyleOf(int style) {
     constexpr std::array<Qt::PenStyle, 5> styles{Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
                                                  Qt::DashDotDotLine};
     return styles.at(static_cast<std::size_t>(style) % styles.size());
+}
+
+/// Shapes that are told apart without their colour.
+QCPScatterStyle MarkerOf(const PlotCurve& curve, const QColor& color) {
+    using Style = QCPScatterStyle;
+    constexpr std::array<Style::ScatterShape, 6> shapes{Style::ssCircle,           Style::ssSquare,
+                                                        Style::ssTriangle,         Style::ssDiamond,
+                                                        Style::ssTriangleInverted, Style::ssCross};
+    if (curve.ring) {
+        return {Style::ssCircle, QPen(color, lineWidth), Qt::NoBrush, ringSize};
+    }
+    const auto shape = shapes.at(static_cast<std::size_t>(curve.marker) % shapes.size());
+    return {shape, QPen(color), QBrush(color), curve.marker == 0 ? dotSize : dotSize + 1};
 }
 
 } // namespace
@@ -162,7 +175,8 @@ void PlotPainter::DrawCurves() {
         AddMark(*rect, mark);
     }
     for (int i = 0; legend != nullptr && i < plot_.graphCount(); ++i) {
-        if (CurvesOn(model_.curves.at(static_cast<std::size_t>(i)).onRight) > 1) {
+        const PlotCurve& curve = model_.curves.at(static_cast<std::size_t>(i));
+        if (curve.named && CurvesOn(curve.onRight) > 1) {
             plot_.graph(i)->addToLegend(legend);
         }
     }
@@ -177,8 +191,7 @@ void PlotPainter::AddCurve(QCPAxisRect& rect, const PlotCurve& curve) {
     graph->setPen(QPen(color, lineWidth, PenStyleOf(curve.style)));
     graph->setLineStyle(curve.line ? QCPGraph::lsLine : QCPGraph::lsNone);
     if (curve.dots) {
-        graph->setScatterStyle(
-            QCPScatterStyle(QCPScatterStyle::ssCircle, QPen(color), QBrush(color), dotSize));
+        graph->setScatterStyle(MarkerOf(curve, color));
     }
     QVector<double> x;
     QVector<double> y;
@@ -211,7 +224,7 @@ QCPLegend* PlotPainter::AddLegend() {
     legend->setMargins({0, 0, 0, 0});
     legend->setColumnSpacing(8);
     legend->setRowSpacing(0);
-    legend->setWrap(legendColumns);
+    legend->setWrap(model_.namesAcross);
     plot_.plotLayout()->setRowStretchFactor(0, 0.001); // as high as its words
     return legend;
 }
