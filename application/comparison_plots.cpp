@@ -112,7 +112,7 @@ PlotModel ComparedFlowPlot(const std::vector<ComparedCase>& cases) {
             });
     }
     return Overlay(cases, "Heat flux at the surface",
-                   fmt::format("Heat flux at the surface, {}", InfoOf(Quantity::heatFlux).Text(units)), true,
+                   fmt::format("Heat flux, {}", InfoOf(Quantity::heatFlux).Text(units)), true,
                    [](const ComparedCase& compared, std::size_t row) -> std::optional<double> {
                        const SolvedRow& solved = compared.result.solved.at(row);
                        return solved.IsSolved()

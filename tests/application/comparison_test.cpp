@@ -352,7 +352,7 @@ TEST_F(ComparisonOf, PlotsLayTheCurvesOverEachOther) {
     // What has no common measure but the area is compared by it, and so are hours and years.
     const Sets hourly{{"InsulationThicknessCalculationType", "Heat Loss Per Hour"}};
     for (const auto& mixed : {Kept({{}, flat}, Units::si), Kept({yearly, hourly}, Units::si)}) {
-        EXPECT_EQ(ComparedFlowPlot(Solved(mixed)).left.title, "Heat flux at the surface, W/m^2");
+        EXPECT_EQ(ComparedFlowPlot(Solved(mixed)).left.title, "Heat flux, W/m^2");
     }
     const Sets given{{"InsulationThicknessCalculationType", "Interface Temperatures"},
                      {"Insulation.1.Thickness", "3"}};

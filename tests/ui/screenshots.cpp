@@ -6,6 +6,8 @@
 #include "application/navigation.h"
 #include "application/report_run.h"
 #include "tests/ui/program_copy.h"
+#include "ui/compare/compare_commands.h"
+#include "ui/compare/compare_window.h"
 #include "ui/dialogs/about_box.h"
 #include "ui/dialogs/disclaimer.h"
 #include "ui/dialogs/emittance_dialog.h"
@@ -113,6 +115,32 @@ private:
         HelpWindow help(&window);
         help.Explain(Field::ProcessTemp, session.TheJob(), records);
         TakeDialog(help, "help");
+        TakeComparison(window);
+    }
+
+    void TakeComparison(MainWindow& window) {
+        Session& session = window.TheSession();
+        window.Compare().ShowWindow();
+        auto& shown = *window.findChild<CompareWindow*>();
+        Take(shown, QStringLiteral("compare-0"));
+        const std::pair<const char*, const char*> variants[] = {{"Steam line, mineral wool", "2"},
+                                                                {"In still air", "0"},
+                                                                {"In the wind of the open pipe rack", "15"}};
+        int count = 0;
+        for (const auto& [name, wind] : variants) {
+            session.SetText(Field::ItemDescription, name);
+            session.SetText(Field::WindSpeed, wind);
+            window.Compare().Keep();
+            Take(shown, QStringLiteral("compare-%1").arg(++count));
+        }
+        session.Choose(Field::SurfaceGeometry, "Vertical Flat");
+        window.Compare().Keep();
+        session.SetText(Field::ProcessTemp, "1400");
+        window.Compare().Keep();
+        session.Choose(Field::SurfaceGeometry, "Horizontal Pipe");
+        session.Choose(Field::PipeSize, "7");
+        window.Compare().Keep();
+        Take(shown, QStringLiteral("compare-6"));
     }
 
     void TakeDialog(QWidget& dialog, const char* name) {

@@ -16,7 +16,8 @@ namespace {
 constexpr int sideMargin = 10;
 constexpr int rowMargin = 7;
 constexpr int narrowestCase = 118;
-constexpr int widestCase = 240;
+constexpr int widestCase = 320;
+constexpr int slack = 2; // of a text's measures
 } // namespace
 
 void CompareDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -124,8 +125,8 @@ void CompareGrid::FitColumns() {
         for (int row = 0; row < model_->rowCount(); ++row) {
             const QModelIndex index = model_->index(row, column);
             if (!index.data(CompareModel::titleRole).toBool()) {
-                width = std::max(width,
-                                 fontMetrics().horizontalAdvance(index.data().toString()) + 2 * sideMargin);
+                width = std::max(width, fontMetrics().horizontalAdvance(index.data().toString()) +
+                                            2 * sideMargin + slack);
             }
         }
         setColumnWidth(column, width);
