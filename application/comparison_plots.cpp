@@ -16,7 +16,7 @@ namespace {
 /// The figure of a row of a case; nothing when it has none.
 using FigureOf = std::function<std::optional<double>(const ComparedCase&, std::size_t row)>;
 
-constexpr std::size_t longestLegendName = 24;
+constexpr std::size_t longestLegendName = 16;
 
 /// "2 Steam line, 3 in". The number tells apart what a legend has to shorten.
 std::string LegendName(const std::string& name, std::size_t index) {

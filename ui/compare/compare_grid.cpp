@@ -15,7 +15,7 @@ namespace kaloria {
 namespace {
 constexpr int sideMargin = 10;
 constexpr int rowMargin = 7;
-constexpr int narrowestCase = 118;
+constexpr int narrowestCase = 17; // in characters, so that larger type gets more room
 constexpr int widestCase = 320;
 constexpr int slack = 2; // of a text's measures
 } // namespace
@@ -33,10 +33,6 @@ void CompareDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setPen(colors.line);
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     QRect place = option.rect.adjusted(sideMargin, 0, -sideMargin, 0);
-    if (isTitle) {
-        place.setRight(option.widget->width()); // over the columns that have nothing to say
-        painter->setClipping(false);
-    }
     const QFontMetrics caption(theme::CaptionFont());
     const QFontMetrics metrics(font);
     if (!second.isEmpty()) {
@@ -108,8 +104,12 @@ void CompareGrid::ChooseCase(int index) {
 void CompareGrid::FitRows() {
     const int line = fontMetrics().height() + rowMargin;
     const int second = QFontMetrics(theme::CaptionFont()).height();
+    clearSpans();
     for (int row = 0; row < model_->rowCount(); ++row) {
         setRowHeight(row, line + (model_->HasSecondLine(row) ? second : 0));
+        if (model_->index(row, 0).data(CompareModel::titleRole).toBool()) {
+            setSpan(row, 0, 1, model_->columnCount());
+        }
     }
 }
 
@@ -133,8 +133,10 @@ void CompareGrid::FitColumns() {
         used += width;
     }
     const int room = (viewport()->width() - used) / cases;
+    const int narrowest = narrowestCase * std::max(7, fontMetrics().averageCharWidth());
     for (int i = 0; i < cases; ++i) {
-        setColumnWidth(i + CompareModel::firstCase, std::clamp(room, narrowestCase, widestCase));
+        setColumnWidth(i + CompareModel::firstCase,
+                       std::clamp(room, narrowest, std::max(narrowest, widestCase)));
     }
 }
 

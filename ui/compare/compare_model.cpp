@@ -51,7 +51,11 @@ QString CompareModel::TextOf(const QModelIndex& index) const {
         const QString inputs = table_.cases.size() < 2 ? tr("Inputs that differ: keep a second case")
                                : table_.inputs.empty() ? tr("The inputs are the same")
                                                        : tr("Inputs that differ");
-        return index.column() > 0 ? QString() : isFirst ? inputs : tr("Results");
+        const QString results = table_.cases.size() < 2
+                                    ? tr("Results")
+                                    : tr("Results, and under them the differences from \"%1\"")
+                                          .arg(ToQt(table_.cases.front().name));
+        return index.column() > 0 ? QString() : isFirst ? inputs : results;
     }
     if (const ComparisonCell* const cell = CellAt(index)) {
         return cell->text == "-" ? QStringLiteral("–") : ToQt(cell->text);

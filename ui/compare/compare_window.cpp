@@ -17,10 +17,13 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace kaloria {
 
 namespace {
 constexpr int plotHeight = 200;
+constexpr int plotLines = 14; // of text, for the title of the axis
 } // namespace
 
 CompareWindow::CompareWindow(CompareCommands& commands, QWidget* parent)
@@ -28,7 +31,7 @@ CompareWindow::CompareWindow(CompareCommands& commands, QWidget* parent)
     setObjectName(QStringLiteral("frmCompare"));
     setWindowTitle(tr("Compare cases – Kaloria"));
     setModal(false);
-    setMinimumSize(760, 560);
+    setMinimumSize(960, 620);
     resize(1180, 760);
     auto* const page = new QVBoxLayout(this);
     page->setContentsMargins(theme::pageMargin, 12, theme::pageMargin, theme::pageMargin);
@@ -157,11 +160,11 @@ QWidget* CompareWindow::BuildPlots() {
     auto* const layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(theme::cardGap);
-    const auto add = [row, layout](const QString& title, const char* name) {
+    const auto add = [this, row, layout](const QString& title, const char* name) {
         auto* const card = new Card(title, row);
         auto* const plot = new PlotView(card);
         plot->setObjectName(QLatin1String(name));
-        plot->setMinimumHeight(plotHeight);
+        plot->setMinimumHeight(std::max(plotHeight, plotLines * fontMetrics().height()));
         card->Content()->addWidget(plot, 1);
         layout->addWidget(card, 1);
         return std::pair(card, plot);
@@ -180,7 +183,7 @@ void CompareWindow::Refresh() {
     const bool isEmpty = answers.empty();
     const bool isSI = commands_.TheSession().TheJob().UnitsInForce() == Units::si;
     count_->setText(isEmpty ? QString()
-                            : tr("%1 of %2, in %3 units; differences are from the first")
+                            : tr("%1 of %2, in %3 units")
                                   .arg(answers.size())
                                   .arg(mostKeptCases)
                                   .arg(isSI ? tr("SI") : tr("English")));
