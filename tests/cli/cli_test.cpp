@@ -20,6 +20,8 @@ namespace {
 using nlohmann::json;
 using ::testing::HasSubstr;
 
+#define KALORIA_DEFAULT KALORIA_RESOURCES_DIR "/Default.kal"
+
 struct Outcome {
     int exitCode = -1;
     std::string out; ///< standard output and, where asked for, standard error
@@ -65,6 +67,14 @@ TEST(Cli, EndsWithTheExitCodeOfWhatHappened) {
         {"thickness-table --set SurfaceGeometry='Vertical Flat'", 1, "only be created for pipes and tubes"},
         {"thickness-table --dimensions --format csv", 0, "6,6.625,2,2.0"},
         {"thickness-table --dimensions --set SurfaceGeometry='Vertical Flat'", 1, "only pipes and tubes"},
+        {"compare " KALORIA_DEFAULT " " KALORIA_DEFAULT " --set ItemDescription=x", 0, "Surface temperature"},
+        {"compare " KALORIA_DEFAULT " " KALORIA_DEFAULT " --thickness 3", 0, "3 in., chosen"},
+        {"compare " KALORIA_DEFAULT " " KALORIA_DEFAULT " --set PipeSize=7", 1,
+         "not in the list of pipe sizes"},
+        {"compare " KALORIA_DEFAULT, 2, "At least 2 required"},
+        {"compare " KALORIA_DEFAULT " /no/such/job.kal", 2, "File not found."},
+        {"compare " KALORIA_DEFAULT " " KALORIA_DEFAULT " -o a.txt", 2, "write FILE.xlsx or FILE.csv"},
+        {"compare " KALORIA_DEFAULT " " KALORIA_DEFAULT " -o /dev/null/a.csv", 2, "/dev/null/a.csv"},
         {"audit --append /dev/full", 2, "An error has occured while saving audit data."},
         {"audit --append ''", 2, "No audit file has been selected."},
         {"audit --set PipeSize=7 --append /no/such/folder/a.aud", 1, "not in the list of pipe sizes"},
@@ -119,6 +129,30 @@ TEST(Cli, JsonCarriesNumbersAndCsvTheShownFigures) {
     const Outcome asCsv = RunCli("calculate --format csv");
     EXPECT_THAT(asCsv.out, HasSubstr("Variable Insulation Thickness,Surface Temp (°F),Heat Loss (BTU/hr/ft),"
                                      "Efficiency (%)\nBare,349.3,1572.74,\n0.5,162.5,269.43,82.87\n"));
+}
+
+TEST(Cli, ComparesWithFiguresOfTheJobsAlone) {
+    const test::TemporaryFolder folder;
+    test::Spill(folder / "b.kal", test::Slurp(KALORIA_DEFAULT));
+    const std::string jobs = KALORIA_DEFAULT " " + (folder / "b.kal").string() + " --units si";
+    const json table = json::parse(RunCli("compare " + jobs + " --format json").out);
+    EXPECT_EQ(table.at("units"), "SI");
+    EXPECT_EQ(table.at("cases")[1].at("name"), "b");
+    EXPECT_TRUE(table.at("inputs").empty()) << "the same job";
+    const json alone = json::parse(RunCli("calculate --units si --format json").out);
+    bool isThere = false;
+    for (const json& row : table.at("results")) {
+        if (row.at("name") == "Surface temperature") {
+            isThere = true;
+            EXPECT_EQ(row.at("values")[1], alone.at("rows")[2].at("values")[0]); // 25 mm
+            EXPECT_EQ(row.at("differences"), json({nullptr, 0.0}));
+            EXPECT_TRUE(row.at("percent")[1].is_null());
+        }
+    }
+    EXPECT_TRUE(isThere);
+    const auto file = folder / "c.csv";
+    EXPECT_EQ(RunCli("compare " + jobs + " -o " + file.string()).exitCode, 0);
+    EXPECT_THAT(test::Slurp(file), HasSubstr("Case,Unit,Default,b\r\n"));
 }
 
 TEST(Cli, ThicknessTableAsNumbersAndAsShown) {
