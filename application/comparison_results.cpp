@@ -19,7 +19,7 @@ bool IsMoney(const ResultColumn& column) {
 }
 
 std::string ComparedAt(const ComparedCase& compared) {
-    const std::string row = RowCaption(compared.result, compared.row);
+    std::string row = RowCaption(compared.result, compared.row);
     switch (compared.why) {
     case ComparedRow::design:
         return row + ", design";

@@ -15,7 +15,9 @@ namespace {
 
 /// Keeps every job under the name of its file, in the units of the first one where none are asked for.
 bool KeepAll(const CompareOptions& options, Workplace& workplace, Comparison& comparison) {
-    JobOptions job = options;
+    JobOptions job;
+    job.sets = options.sets;
+    job.units = options.units;
     for (const std::filesystem::path& file : options.jobs) {
         job.job = file;
         if (!OpenJob(job, workplace)) {

@@ -21,7 +21,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;
 
 using Sets = std::vector<std::pair<const char*, const char*>>;

@@ -10,6 +10,7 @@
 #include "ui/pictures/plot_view.h"
 #include "ui/theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
