@@ -338,7 +338,8 @@ PlotModel EconomicPlot(const SurfaceResult& surface, const TemperatureResult& re
     AddCurve(plot, std::move(capital));
     AddCurve(plot, std::move(energy));
     AddCurve(plot, std::move(total));
-    if (const ThicknessResult* const economic = result.Economic()) {
+    if (result.outcome == EconomicOutcome::found) {
+        const ThicknessResult* const economic = result.Economic();
         const double x = FromEnglish(Quantity::length, units, economic->nominal);
         plot.marks.push_back({PlotMark::Kind::chosen, x, false,
                               fmt::format("economic {} {}", FormatNumber(x, NumberFormat::shortest),

@@ -73,6 +73,12 @@ struct TemperatureResult {
     std::optional<std::size_t> firstDry; ///< thinnest row at or above the dew point, in cold service
 
     [[nodiscard]] const ThicknessResult* Economic() const { return economic ? &rows[*economic] : nullptr; }
+
+    /// What is best to be done: the economic thickness, or the reference where no thickness pays; null where
+    /// nothing could be compared.
+    [[nodiscard]] const ThicknessResult* Best() const {
+        return outcome == EconomicOutcome::notWorthwhile ? &rows[reference] : Economic();
+    }
 };
 
 struct SurfaceResult {

@@ -160,7 +160,7 @@ rtf::Markup ReductionTable(const ReportInputs& inputs, const SurfaceResult& surf
     for (const TemperatureResult& step : surface.temperatures) {
         std::vector<std::string> cells{figures.Temperature(step.temperature)};
         for (std::size_t i = 0; i < pollutants.size(); ++i) {
-            cells.push_back(figures.Reduction(step.Economic(), i));
+            cells.push_back(figures.Reduction(step.Best(), i));
         }
         table.AddRow(cells);
     }

@@ -208,7 +208,7 @@ rtf::TagValues ColumnValues(const SurfaceResult& surface, const PageFigures& fig
         const auto add = [&](std::string_view word, std::string text, std::string_view unit) {
             values[fmt::format("<{}{}/>", word, i + 1)] = std::move(text) + std::string(isLast ? unit : "");
         };
-        const ThicknessResult* const row = step.Economic();
+        const ThicknessResult* const row = step.Best(); // columns have no room to say that it does not pay
         add("Temperature", figures.Temperature(step.temperature), units.temperature);
         add("Thickness", figures.Thickness(row), units.thickness);
         add("HeatLoss", figures.HeatFlow(row), units.heatFlow);

@@ -31,8 +31,8 @@ namespace kaloria {
 [[nodiscard]] rtf::TagValues HeadingValues(const ReportInputs& inputs, const SurfaceResult& surface,
                                            std::size_t pageNumber);
 
-/// Columns 1 to 6 of a tables report: the economic thickness at each temperature. The last one carries the
-/// units.
+/// Columns 1 to 6 of a tables report: the economic thickness at each temperature, or the reference where none
+/// pays. The last one carries the units.
 [[nodiscard]] rtf::TagValues ColumnValues(const SurfaceResult& surface, const PageFigures& figures);
 
 /// Temperature, units and the sentences about the economic thickness of an engineering report.

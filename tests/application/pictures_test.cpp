@@ -231,5 +231,24 @@ TEST_F(PicturesOf, SensitivityLeavesOutWhatTheCaseDoesNotHave) {
     EXPECT_TRUE(SensitivityOf(still.solved[0], Inputs()).empty());
 }
 
+TEST(EconomicPlot, MarksAThicknessOnlyWhereOnePays) {
+    SurfaceResult surface;
+    surface.isPipe = true;
+    TemperatureResult step;
+    for (const float nominal : {1.0F, 2.0F}) {
+        ThicknessResult& row = step.rows.emplace_back();
+        row.nominal = nominal;
+        row.made = true;
+        row.curve = CurvePoint{1.0, 1.0};
+    }
+    step.economic = 1;
+    step.outcome = EconomicOutcome::found;
+    EXPECT_EQ(EconomicPlot(surface, step, Units::english).marks.at(0).value, 2.0);
+    step.outcome = EconomicOutcome::notWorthwhile; // row 1 comes closest
+    const PlotModel plot = EconomicPlot(surface, step, Units::english);
+    EXPECT_TRUE(plot.marks.empty());
+    EXPECT_NE(plot.note.find("No thickness pays"), std::string::npos);
+}
+
 } // namespace
 } // namespace kaloria

@@ -283,6 +283,26 @@ TEST_F(Report, WhatWasNotComputedIsADash) {
     EXPECT_THAT(idle, HasSubstr("it is never paid back."));
 }
 
+/// A column that gave the thickness that comes closest would recommend a loss.
+TEST_F(Report, WhereNoThicknessPaysTheTablesGiveTheReference) {
+    const std::string tags = "<Thickness1/>|<HeatLoss1/>|<Payback1/>|<TotalSavings1/>";
+    const struct {
+        Sets sets;
+        const char* pattern;
+    } rows[] = {
+        {{}, "Bare\\|[0-9.]+\\|-\\|-"},
+        {{{"PaybackReferenceThickness", "2"}}, "2.0\\|[0-9.]+\\|-\\|-"},
+        {retrofit, "Do Nothing\\|[0-9.]+\\|-\\|-"},
+    };
+    for (const auto& row : rows) {
+        Sets sets = row.sets;
+        sets.emplace_back("AnnualOperation", "20"); // hours: insulation is not paid for by them
+        EXPECT_THAT(Body(tags, sets), ::testing::MatchesRegex(row.pattern));
+    }
+    const Asked air{ReportKind::environmental, false, {12}, Units::english, {}};
+    EXPECT_THAT(Body("<PollutionData/>", {{"AnnualOperation", "20"}}, air), HasSubstr("\n250.0\t-\t-\t"));
+}
+
 TEST_F(Report, AGainIsNoLoss) {
     // Bare, 135.32 Btu/(h ft) flow in.
     const Asked engineer{.engineering = true};
