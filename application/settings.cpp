@@ -104,10 +104,9 @@ StartUpChoices ReadStartUpChoices(SettingsStore& settings) {
     StartUpChoices choices;
     choices.showDisclaimer = Setting(settings, setting::showDisclaimer) == setting::yes;
     choices.firstRun = Setting(settings, setting::firstRun) == setting::yes;
-    if (choices.firstRun) {
-        settings.Set(setting::section, setting::firstRun, setting::no);
-    }
     return choices;
 }
+
+void EndFirstRun(SettingsStore& settings) { settings.Set(setting::section, setting::firstRun, setting::no); }
 
 } // namespace kaloria

@@ -62,8 +62,11 @@ struct StartUpChoices {
     bool firstRun = false; ///< ask for the user information
 };
 
-/// Reads the two start-up settings, writes "TRUE" where one is missing, and "FALSE" to FirstRun once it was
-/// "TRUE".
+/// Reads the two start-up settings and writes "TRUE" where one is missing.
 [[nodiscard]] StartUpChoices ReadStartUpChoices(SettingsStore& settings);
+
+/// Writes "FALSE" to FirstRun. Once the user has been asked, not before: a program that ended at the
+/// disclaimer has not asked yet.
+void EndFirstRun(SettingsStore& settings);
 
 } // namespace kaloria

@@ -57,6 +57,8 @@ void MainWindow::BuildFileMenu() {
         });
     Add(menu, tr("Export results as &table..."), "mnuFileExportGrid",
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), [this] { ExportGrid(); });
+    Add(menu, tr("Export &dimensions of insulation..."), "mnuFileExportDimensions", {},
+        [this] { reports_->ExportDimensions(); });
     Add(menu, tr("&Print report..."), "mnuFilePrintReport", QKeySequence::Print, [this] {
         if (CalculateNow()) {
             reports_->PrintShortReport();

@@ -73,6 +73,7 @@ void MainWindow::Greet() {
     if (choices.firstRun) {
         ShowPanel(Panel::userInformation);
         messages_.Show(message::firstRun);
+        EndFirstRun(session_.Settings());
     }
     jobs_->OfferRecovery();
 }

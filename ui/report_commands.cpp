@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/report_commands.h"
 
+#include "application/covering_table.h"
 #include "application/report_run.h"
 #include "application/short_report.h"
 #include "application/table_report.h"
@@ -167,6 +168,22 @@ void ReportCommands::MakeTable() {
     const std::filesystem::path file = session_.App().ProgramFolder() / thicknessTableFile;
     if (table.done && ExportThicknessTable(session_.App(), table, file)) {
         Show(files::ToQt(file), false);
+    }
+}
+
+void ReportCommands::ExportDimensions() {
+    const Job& job = session_.TheJob();
+    const auto* const shape = FindByName(session_.Records().SurfaceGeometries, job[Field::SurfaceGeometry]);
+    const auto sizes =
+        CoveringTable(session_.Records(), shape != nullptr ? shape->ID : 0, job.UnitsInForce());
+    if (sizes.empty()) {
+        session_.Messages().Show("Only pipes and tubes have a table of insulation.");
+        return;
+    }
+    const QString path = files::AskSave(&window_, tr("Save As"), ToQt(coveringTableFile), ReportFilter(),
+                                        QStringLiteral("rtf"));
+    if (!path.isEmpty() && ExportCoverings(session_.App(), sizes, files::FromQt(path))) {
+        Show(path, false);
     }
 }
 

@@ -34,6 +34,9 @@ public:
     [[nodiscard]] bool MakesTable() const;
     void MakeTable();
 
+    /// The dimensions of all insulation that is made for the sizes of the job's system application.
+    void ExportDimensions();
+
     /// The window of the last report; null when none is open.
     [[nodiscard]] FrmViewReport* Viewer() const;
 

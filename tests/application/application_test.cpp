@@ -146,6 +146,8 @@ TEST(Settings, FirstStartAsksOnceAndTheFileKeepsTheAnswer) {
         FileSettings settings(file);
         const auto first = ReadStartUpChoices(settings);
         EXPECT_TRUE(first.showDisclaimer && first.firstRun);
+        EXPECT_EQ(settings.Get("Application", "FirstRun"), "TRUE"); // until the user has been asked
+        EndFirstRun(settings);
     }
     FileSettings settings(file);
     EXPECT_EQ(settings.Get("Application", "ShowDisclaimer"), "TRUE");

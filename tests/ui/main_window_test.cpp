@@ -43,6 +43,7 @@ private Q_SLOTS:
     void StartsWithWhatIsThere_data();
     void StartsWithWhatIsThere();
     void GreetsOnTheFirstStart();
+    void ExportsTheDimensionsOfPipesAndTubes();
     void HasEveryControlByName();
     void NamesEveryControlForAssistiveTechnology();
     void ReachesEveryControlByTab_data();
@@ -142,6 +143,7 @@ void MainWindowTest::GreetsOnTheFirstStart() {
     driver.boxes.Expect(QStringLiteral("frmDisclaimer"), [&](QDialog& box) {
         order << box.objectName() + driver.told.join(u'|');
         QVERIFY(box.isModal());
+        QCOMPARE(kept(setting::firstRun), QStringLiteral("TRUE")); // ended here, it has not asked yet
         box.findChild<QAbstractButton*>(QStringLiteral("cmdOK"))->click();
     });
     driver.window->Greet();
@@ -165,6 +167,19 @@ void MainWindowTest::GreetsOnTheFirstStart() {
     QCOMPARE(driver.told, QStringList());
 }
 
+void MainWindowTest::ExportsTheDimensionsOfPipesAndTubes() {
+    WindowDriver driver(folder_);
+    const fs::path file = folder_.Scratch("sizes.rtf");
+    driver.boxes.ExpectFile(file);
+    driver.Trigger(QStringLiteral("mnuFileExportDimensions"));
+    QVERIFY2(driver.boxes.AreDone(), qPrintable(driver.boxes.unexpected.join(u'\n')));
+    QVERIFY(test::Slurp(file).find("10.750") != std::string::npos); // NPS 6 with 2 in, by ASTM C585
+    driver.Session().Choose(Field::SurfaceGeometry, "Vertical Flat");
+    driver.told.clear();
+    driver.Trigger(QStringLiteral("mnuFileExportDimensions"));
+    QCOMPARE(driver.told, QStringList{QStringLiteral("Only pipes and tubes have a table of insulation.")});
+}
+
 // Controls
 // ---------------------------------------------------------------------------------------------------------------
 
@@ -184,7 +199,8 @@ void MainWindowTest::HasEveryControlByName() {
         "lblDewPoint lblFuelCost lblFuelType lblGeometry lblHeader lblHeatContent lblHeatFlowLimit "
         "lblInsulationLayer1 lblInsulationThickness1 lblMaxSurfaceTemp lblOuterJacketMaterial "
         "lblOuterSurfaceEmittance lblPipeSize lblProcessTemp lblRelativeHumidity lblSystemUnits "
-        "lblWindSpeed mnuFileCalculate mnuFileExportReport mnuFileOpen mnuFilePrintReport "
+        "lblWindSpeed mnuFileCalculate mnuFileExportDimensions mnuFileExportReport mnuFileOpen "
+        "mnuFilePrintReport "
         "mnuUnitsEnglish mnuUnitsSI mnuEditLoadDefaults mnuEditSaveAsDefault";
     QStringList missing;
     QStringList twice;
