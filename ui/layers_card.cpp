@@ -271,16 +271,17 @@ QWidget* LayersCard::BuildButtons() {
     cmdMoveDown_ = button(tr("Down"), "cmdMoveDown", tr("Move the selected layer outwards"));
     cmdCopyRow_ = button(tr("Co&py"), "cmdCopyRow", tr("Copy the selected layer"));
     layout->addStretch(1);
-    connect(cmdAddLayer_, &QPushButton::clicked, this,
-            [this] { Run([](Job& job) { return AddLayer(job); }); });
-    connect(cmdDelete_, &QPushButton::clicked, this,
-            [this] { Run([this](Job& job) { return DeleteRow(job, SelectedRow()); }); });
-    connect(cmdMoveUp_, &QPushButton::clicked, this,
-            [this] { Run([this](Job& job) { return MoveUp(job, SelectedRow()); }); });
-    connect(cmdMoveDown_, &QPushButton::clicked, this,
-            [this] { Run([this](Job& job) { return MoveDown(job, SelectedRow()); }); });
-    connect(cmdCopyRow_, &QPushButton::clicked, this,
-            [this] { Run([this](Job& job) { return CopyRow(job, SelectedRow()); }); });
+    const auto run = [this](const QPushButton* pressed, LayerEdit (*change)(Job&, std::size_t)) {
+        connect(pressed, &QPushButton::clicked, this, [this, change] {
+            FinishEditing(); // an access key leaves the cursor where it is
+            Run([this, change](Job& job) { return change(job, SelectedRow()); });
+        });
+    };
+    run(cmdAddLayer_, [](Job& job, std::size_t /*row*/) { return AddLayer(job); });
+    run(cmdDelete_, DeleteRow);
+    run(cmdMoveUp_, MoveUp);
+    run(cmdMoveDown_, MoveDown);
+    run(cmdCopyRow_, CopyRow);
     return row;
 }
 

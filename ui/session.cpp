@@ -101,7 +101,11 @@ void Session::SwitchUnits(Units units) {
     if (job.UnitsInForce() == units) {
         return;
     }
+    const bool wasChecked = checkedProcessTemp_ == job[Field::ProcessTemp];
     memory_.Switch(job, application_.Records(), units);
+    if (wasChecked) {
+        checkedProcessTemp_ = job[Field::ProcessTemp]; // the same temperature
+    }
     application_.SI = units == Units::si;
     application_.SystemUnits = application_.SI ? 1 : 0;
     Touched();

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QStyleHints>
 #include <QWidget>
 
@@ -60,6 +60,20 @@ const Colors darkColors{
 
 Scheme scheme = Scheme::light;
 std::optional<Scheme> forced;
+
+/// Fusion, but the wheel scrolls the panel and never the drop-down that comes to lie under the pointer: a
+/// choice changes only when one makes it.
+class PanelStyle final : public QProxyStyle {
+public:
+    PanelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_ComboBox_AllowWheelScrolling
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 QPalette PaletteOf(const Colors& c) {
     QPalette palette;
@@ -220,7 +234,7 @@ Scheme CurrentScheme() { return scheme; }
 
 void Install(QApplication& application) {
     const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new PanelStyle);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
     QObject::connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, &application, [] {
         if (!forced) {

@@ -148,6 +148,8 @@ private Q_SLOTS:
     void EditsLayersInTheirCells();
     void TakesAnOpenCellAlong_data();
     void TakesAnOpenCellAlong();
+    void LeaveChoicesToTheOneWhoChooses();
+    void SaysNothingOfUnitsAlone();
 
 private:
     ProgramCopy folder_;
@@ -263,7 +265,7 @@ void RulesTest::EditsLayersInTheirCells() {
 
 void RulesTest::TakesAnOpenCellAlong_data() {
     QTest::addColumn<QString>("action");
-    for (const char* const action : {"mnuFileCalculate", "mnuUnitsSI", "mnuFileSave"}) {
+    for (const char* const action : {"mnuFileCalculate", "mnuUnitsSI", "mnuFileSave", "cmdCopyRow"}) {
         QTest::newRow(action) << T(action);
     }
 }
@@ -283,18 +285,57 @@ void RulesTest::TakesAnOpenCellAlong() {
     grid.editItem(grid.item(1, 4));
     auto& line = driver.Find<QLineEdit>(T("txtLayerThickness"));
     QTest::keyClicks(&line, T("2.5"));
-    driver.Trigger(action);
+    if (action.startsWith(T("cmd"))) {
+        driver.Find<QAbstractButton>(action).click(); // an access key leaves the cursor where it is too
+        QCOMPARE(driver.TheJob().layers.size(), std::size_t{2});
+        QCOMPARE(driver.TheJob().layers[1].thickness, "2.5");
+    } else {
+        driver.Trigger(action);
+    }
     if (action == u"mnuFileCalculate") {
         QCOMPARE(driver.Session().Result().grid.rows.size(), std::size_t{2});
     } else if (action == u"mnuUnitsSI") {
         QCOMPARE(driver.TheJob().layers[0].thickness, "63.5");
         QCOMPARE(grid.item(1, 4)->text(), T("63.5"));
         return;
-    } else {
+    } else if (action == u"mnuFileSave") {
         QVERIFY(test::Slurp(file).find("Thickness=\"2.5\"") != std::string::npos);
         QVERIFY(!driver.window->isWindowModified());
     }
     QCOMPARE(driver.TheJob().layers[0].thickness, "2.5");
+}
+
+/// Who scrolls a panel does not mean the drop-down that comes to lie under the pointer.
+void RulesTest::LeaveChoicesToTheOneWhoChooses() {
+    WindowDriver driver(folder_);
+    driver.Choose(T(typeBox), T("Heat Loss Per Year"));
+    driver.window->ShowPanel(Panel::fuel);
+    const std::string before = JobText(driver.TheJob(), driver.Session().Records());
+    for (const char* const name : {"cboFuelType", "cboSystemUnits", geometryBox, "cboBaseMetals"}) {
+        auto& box = driver.Find<QComboBox>(T(name));
+        const QPointF middle(box.rect().center());
+        for (const int turn : {-120, -120}) {
+            QWheelEvent event(middle, box.mapToGlobal(middle), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&box, &event);
+        }
+    }
+    QCOMPARE(JobText(driver.TheJob(), driver.Session().Records()), before);
+}
+
+/// A caution that was given is not given again because the same temperature now reads in other units.
+void RulesTest::SaysNothingOfUnitsAlone() {
+    WindowDriver driver(folder_);
+    driver.Type(T("txtProcessTemp"), T("1500"));
+    QCOMPARE(driver.told, QStringList{Q(message::aboveMaxTemp)});
+    driver.told.clear();
+    driver.Trigger(T("mnuUnitsSI"));
+    auto& line = driver.Find<QLineEdit>(T("txtProcessTemp"));
+    line.setFocus();
+    QTest::keyClick(&line, Qt::Key_Return);
+    QCOMPARE(driver.told, QStringList());
+    driver.Type(T("txtProcessTemp"), T("900"));
+    QCOMPARE(driver.told, QStringList{Q(message::aboveMaxTemp)});
 }
 
 } // namespace
