@@ -208,6 +208,15 @@ ResultsGrid BuildGrid(const CaseInputs& inputs, std::span<const SolvedRow> rows,
     return GridBuilder(inputs, rows, money).Build(design);
 }
 
+ResultsGrid EmptyGrid() {
+    ResultsGrid grid;
+    grid.columns = {{ResultKind::label, 0, "Insulation", "Thickness", NumberFormat::shortest},
+                    {ResultKind::surfaceTemp, 0, "Surface Temp", "(°F)", NumberFormat::tenths},
+                    {ResultKind::hourlyHeatFlow, 0, "Heat Loss", "(BTU/hr/ft)", NumberFormat::hundredths},
+                    {ResultKind::efficiency, 0, "Efficiency", "(%)", NumberFormat::hundredths}};
+    return grid;
+}
+
 std::string ThicknessText(double thickness) { return FormatNumber(thickness, NumberFormat::shortest); }
 
 } // namespace kaloria

@@ -14,6 +14,9 @@ namespace kaloria {
 [[nodiscard]] ResultsGrid BuildGrid(const CaseInputs& inputs, std::span<const SolvedRow> rows,
                                     std::span<const std::optional<RowMoney>> money, const SolvedRow* design);
 
+/// The grid as it stands before the first calculation: headings without rows.
+[[nodiscard]] ResultsGrid EmptyGrid();
+
 /// Text of a nominal thickness, "1.5".
 [[nodiscard]] std::string ThicknessText(double thickness);
 

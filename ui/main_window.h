@@ -98,7 +98,8 @@ private:
     void Step(std::optional<MenuPosition> to);
     void GoNext();
     void Finish();
-    void Act();
+    /// Makes what the category is for; false when an input stands in the way.
+    bool Act();
     [[nodiscard]] QString ActionText() const;
     [[nodiscard]] bool MakesReport() const;
     [[nodiscard]] std::string_view StepProblem();

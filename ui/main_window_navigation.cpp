@@ -223,8 +223,10 @@ void MainWindow::Finish() {
             return;
         }
     }
-    Act();
-    Step(FinishPanel(position_.category));
+    const int finished = position_.category;
+    if (Act()) {
+        Step(FinishPanel(finished));
+    }
 }
 
 bool MainWindow::MakesReport() const {
@@ -239,20 +241,21 @@ QString MainWindow::ActionText() const {
     return reports_ != nullptr && reports_->MakesTable() ? tr("&Create table") : tr("&Calculate");
 }
 
-void MainWindow::Act() {
+bool MainWindow::Act() {
     layers_->FinishEditing();
     if (MakesReport()) {
         if (const std::string_view problem = ProjectProblem(session_.TheJob()); !problem.empty()) {
             messages_.Show(problem);
             ShowPanel(Panel::project);
-            return;
+            return false;
         }
         reports_->MakeReport(position_.category == 3);
     } else if (reports_->MakesTable()) {
         reports_->MakeTable();
     } else {
-        CalculateNow();
+        return CalculateNow();
     }
+    return true;
 }
 
 bool MainWindow::CalculateNow() {

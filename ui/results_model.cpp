@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/results_model.h"
 
+#include "application/results_grid.h"
 #include "ui/theme.h"
 
 #include <algorithm>
 
 namespace kaloria {
+
+ResultsModel::ResultsModel(QObject* parent) : QAbstractTableModel(parent), grid_(EmptyGrid()) {}
 
 void ResultsModel::Show(const ResultsGrid& grid) {
     // The shape stays while one types; then only the texts are new, and selection and scrolling stay.

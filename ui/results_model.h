@@ -7,7 +7,7 @@
 
 namespace kaloria {
 
-/// The results grid as a table, with two-line headings.
+/// The results grid as a table, with two-line headings; before the first answer the headings alone.
 class ResultsModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     static constexpr int unitRole = Qt::UserRole;       ///< second line of a heading
     static constexpr int designRole = Qt::UserRole + 1; ///< whether the row meets the design goal
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit ResultsModel(QObject* parent = nullptr);
 
     void Show(const ResultsGrid& grid);
     /// Greyed: the figures do not belong to the inputs any more.

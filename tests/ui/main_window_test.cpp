@@ -2,11 +2,13 @@
 // The main window as a whole: start-up, its controls by name, keyboard and navigation.
 #include "application/messages.h"
 #include "tests/ui/window_driver.h"
+#include "ui/results_model.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QTableView>
 
 #include <map>
 
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void StartsWithWhatIsThere();
     void GreetsOnTheFirstStart();
     void ExportsTheDimensionsOfPipesAndTubes();
+    void HasHeadingsBeforeAnyAnswer();
     void HasEveryControlByName();
     void NamesEveryControlForAssistiveTechnology();
     void ReachesEveryControlByTab_data();
@@ -182,6 +185,21 @@ void MainWindowTest::ExportsTheDimensionsOfPipesAndTubes() {
 
 // Controls
 // ---------------------------------------------------------------------------------------------------------------
+
+void MainWindowTest::HasHeadingsBeforeAnyAnswer() {
+    MemorySettings settings;
+    MessageBoxes messages;
+    MainWindow window({folder_.Path(), folder_.Scratch("recovery")}, settings, messages);
+    const QAbstractItemModel& model = *window.findChild<QTableView*>(QStringLiteral("flxResults"))->model();
+    QStringList headings;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        headings << model.headerData(column, Qt::Horizontal).toString()
+                 << model.headerData(column, Qt::Horizontal, ResultsModel::unitRole).toString();
+    }
+    QCOMPARE(headings.join(u'|'), QString::fromUtf8("Insulation|Thickness|Surface Temp|(°F)|Heat Loss|"
+                                                    "(BTU/hr/ft)|Efficiency|(%)"));
+    QCOMPARE(model.rowCount(), 0);
+}
 
 void MainWindowTest::HasEveryControlByName() {
     WindowDriver driver(folder_);
@@ -356,6 +374,13 @@ void MainWindowTest::WalksThePanels() {
     driver.Click(QStringLiteral("cmdFinish"));
     QCOMPARE(driver.window->Position(), (MenuPosition{1, 3}));
     QVERIFY(driver.Session().IsCurrent() && driver.Session().Result().done);
+    // An entry that stands in the way is where it leads instead.
+    driver.window->ShowPosition({1, 0});
+    driver.Type(QStringLiteral("txtProcessTemp"), QStringLiteral("hot"));
+    driver.window->ShowPosition({1, 1});
+    driver.Click(QStringLiteral("cmdFinish"));
+    QCOMPARE(driver.window->Position(), (MenuPosition{1, 0}));
+    QCOMPARE(driver.window->focusWidget()->objectName(), QStringLiteral("txtProcessTemp"));
     // The keyboard has every category.
     QVERIFY(QTest::qWaitForWindowActive(driver.window.get()));
     QTest::keyClick(driver.window.get(), Qt::Key_5, Qt::AltModifier);
