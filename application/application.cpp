@@ -53,6 +53,7 @@ bool CApplication::LoadConfigurationFile() {
     report_.Pipes = &catalogue_.Pipes;
     report_.SurfaceGeometries = &catalogue_.SurfaceGeometries;
     NameMaterials(job_);
+    recordsInFile_ = UserRecordsText(catalogue_);
     if (problem) {
         sink_.Show(message::loadingMaterials);
         sink_.Log(Place(ConfigurationPath(), *problem));
@@ -60,8 +61,32 @@ bool CApplication::LoadConfigurationFile() {
     return !problem;
 }
 
-std::optional<FileProblem> CApplication::SaveConfigurationFile() const {
-    return SaveConfiguration(ConfigurationPath(), catalogue_);
+std::optional<FileProblem> CApplication::SaveConfigurationFile() {
+    try {
+        return TrySaveRecords();
+    } catch (const FileFault& fault) {
+        return fault.Problem();
+    }
+}
+
+std::optional<FileProblem> CApplication::TrySaveRecords() {
+    const std::string records = UserRecordsText(catalogue_);
+    if (records == recordsInFile_) {
+        return std::nullopt;
+    }
+    Catalogue present;
+    if (auto problem = LoadConfiguration(ConfigurationPath(), present)) {
+        return problem;
+    }
+    if (UserRecordsText(present) != recordsInFile_) {
+        return FileProblem{0, "Another window of the program has saved records since this one was opened; "
+                              "they would be lost."};
+    }
+    auto problem = SaveConfiguration(ConfigurationPath(), catalogue_);
+    if (!problem) {
+        recordsInFile_ = records;
+    }
+    return problem;
 }
 
 bool CApplication::OpenJob() {

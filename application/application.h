@@ -70,9 +70,10 @@ public:
 
     /// Reads the reference data, appending to what is there; false when something was wrong with the file.
     bool LoadConfigurationFile();
-    /// Writes the user's records back. What prevented it is returned, not shown: the caller decides what to
-    /// offer.
-    [[nodiscard]] std::optional<FileProblem> SaveConfigurationFile() const;
+    /// Writes the user's records back when they are others than were read. What prevented it is returned, not
+    /// shown: the caller decides what to offer. Records that another window has saved meanwhile are never
+    /// written over.
+    [[nodiscard]] std::optional<FileProblem> SaveConfigurationFile();
     /// Opens the file at JobPath. A field that the file does not have takes its default, so that a file alone
     /// decides its results; a file that breaks off halfway leaves what was read before in the current job.
     bool OpenJob();
@@ -107,10 +108,12 @@ public:
 
 private:
     void TakeOver(const Job& job);
+    [[nodiscard]] std::optional<FileProblem> TrySaveRecords();
 
     std::filesystem::path programFolder_;
     MessageSink& sink_;
     Catalogue catalogue_;
+    std::string recordsInFile_; // the user's, as this window last read or wrote them
     CHeatLossCalculator calculator_;
     CReport report_;
     Job job_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/material_rules.h"
 
+#include "application/choice_rules.h"
 #include "application/conductivity_check.h"
 #include "application/messages.h"
 
@@ -159,6 +160,37 @@ void Detach(Job& job, MaterialKind kind, std::int32_t id) {
     }
 }
 
+/// The job's uses of a fuel that take over its edited figures. The calculation's: a calculation gives the
+/// job's figures to its fuel, which would have its old ones back at once. The report's, unless its figures
+/// were typed and the units are still theirs.
+std::vector<Field> UsesToFollow(const Job& job, const Catalogue& catalogue, const CFuel& old,
+                                const CFuel& edited) {
+    std::vector<Field> uses;
+    const bool sameUnits = old.CostUnits == edited.CostUnits && old.BTUUnits == edited.BTUUnits;
+    if (sameUnits && old.Cost == edited.Cost && old.BTU == edited.BTU) {
+        return uses;
+    }
+    if (job[Field::Fuel] == old.Name) {
+        uses.push_back(Field::Fuel);
+    }
+    Job chosen = job;
+    ChooseFuel(chosen, catalogue, Field::ReportFuel, old.Name);
+    const bool typed = chosen[Field::ReportFuelCost] != job[Field::ReportFuelCost] ||
+                       chosen[Field::ReportHeatingValue] != job[Field::ReportHeatingValue];
+    if (job[Field::ReportFuel] == old.Name && !(typed && sameUnits)) {
+        uses.push_back(Field::ReportFuel);
+    }
+    return uses;
+}
+
+/// The efficiency stays: no record ever takes it from the job.
+void TakeFigures(Job& job, const Catalogue& catalogue, Field use) {
+    const Field efficiency = use == Field::ReportFuel ? Field::ReportEfficiency : Field::ConversionEfficiency;
+    const std::string kept = job[efficiency];
+    ChooseFuel(job, catalogue, use, std::string(job[use]));
+    job[efficiency] = kept;
+}
+
 template <class Record>
 std::string_view AcceptRecord(Catalogue& catalogue, Job& job, Record record) {
     if (record.CreatedBy == systemCreator) {
@@ -177,8 +209,15 @@ std::string_view AcceptRecord(Catalogue& catalogue, Job& job, Record record) {
     if (present->CreatedBy == systemCreator) {
         return TextsOf(kindOf<Record>).alter;
     }
+    std::vector<Field> uses;
+    if constexpr (std::is_same_v<Record, CFuel>) {
+        uses = UsesToFollow(job, catalogue, *present, record);
+    }
     const std::string oldName = std::exchange(*present, std::move(record)).Name;
     FollowRename(job, kindOf<Record>, present->ID, oldName, present->Name);
+    for (const Field use : uses) {
+        TakeFigures(job, catalogue, use);
+    }
     return {};
 }
 

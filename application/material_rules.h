@@ -40,8 +40,8 @@ enum class MaterialKind : std::uint8_t { insulation, baseMetal, jacket, fuel };
 [[nodiscard]] CFuel DuplicateOf(const Catalogue& catalogue, const CFuel& record);
 
 /// Puts an edited record into the catalogue: in the place of the one of its `ID`, or at the end. Points are
-/// sorted. The job follows: its rows and choices take over a changed name, and a row left without its record
-/// never comes to mean a new one of the same `ID`.
+/// sorted. The job follows: its rows and choices take over a changed name, its fuels changed figures, and a
+/// row left without its record never comes to mean a new one of the same `ID`.
 /// @return the refusal; empty when it is done. What is wrong in the record is not asked here, see
 /// CheckRecord.
 std::string_view Accept(Catalogue& catalogue, Job& job, const CInsulation& record);

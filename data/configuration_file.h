@@ -34,6 +34,10 @@ namespace kaloria {
 /// @throws FileFault
 [[nodiscard]] std::string SavedConfigurationText(std::string bytes, const Catalogue& catalogue);
 
+/// The user's records alone, as text to be compared.
+/// @throws FileFault for a record that cannot be written
+[[nodiscard]] std::string UserRecordsText(const Catalogue& catalogue);
+
 /// The text of the file without the user's records: equal texts are the same supplied data.
 /// @throws FileFault
 [[nodiscard]] std::string SystemConfigurationText(std::string bytes);

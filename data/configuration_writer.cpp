@@ -136,6 +136,10 @@ std::string SavedConfigurationText(std::string bytes, const Catalogue& catalogue
     return document.Text();
 }
 
+std::string UserRecordsText(const Catalogue& catalogue) {
+    return SavedConfigurationText("<Configuration/>", catalogue);
+}
+
 std::optional<FileProblem> SaveConfiguration(const std::filesystem::path& path, const Catalogue& catalogue) {
     try {
         ReplaceFile(path, SavedConfigurationText(ReadFile(path, XmlDocument::maxBytes), catalogue));

@@ -158,6 +158,7 @@ void JobCommands::OfferRecovery() {
             if (const auto problem = recovery_.Take(copy, session_.Records(), job)) {
                 session_.Messages().Show(message::openingJob);
                 session_.Messages().Log(problem->text);
+                continue; // the copy stays: it may be read by other means
             }
             session_.TakeRecovered(job, copy.jobPath);
             KeepCopy(); // under our own name, before the old one goes

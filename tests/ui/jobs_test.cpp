@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files from the window: jobs with their questions, recovery after a crash, and records of one's own.
+#include "application/material_rules.h"
 #include "application/messages.h"
+#include "data/atomic_file.h"
 #include "tests/ui/window_driver.h"
 
 #include <QDropEvent>
@@ -55,8 +57,11 @@ private Q_SLOTS:
     void StayWhenTheFileIsNoGood();
     void BecomeTheDefault();
     void ComeBackAfterACrash();
+    void KeepACopyThatCannotBeRead();
     void KeepRecordsOfOnesOwn();
     void OfferAnotherPlaceForRecords();
+    void KeepTheFiguresOfAFuelInUse();
+    void LeaveTheRecordsOfAnotherWindow();
 
 private:
     static void FillMetal(QDialog& box, const char* name, const char* emittance);
@@ -241,6 +246,37 @@ void JobsTest::ComeBackAfterACrash() {
     greet(next);
 }
 
+/// A copy that does not open must not become a job of defaults under the name of the job that it is of.
+void JobsTest::KeepACopyThatCannotBeRead() {
+    const fs::path file = folder_->Scratch("crashed.kal");
+    {
+        WindowDriver driver(*folder_);
+        QVERIFY(driver.Session().Save(file));
+        driver.Type(item, T("Half done"));
+        driver.window->Jobs().KeepCopy();
+    }
+    const fs::path copy = [&] {
+        for (const auto& entry : fs::directory_iterator(folder_->Scratch("recovery"))) {
+            if (entry.path().extension() == ".copy") {
+                return entry.path();
+            }
+        }
+        return fs::path();
+    }();
+    std::string damaged = test::Slurp(copy);
+    damaged.resize(damaged.size() - damaged.size() / 3);
+    ReplaceFile(copy, damaged);
+    WindowDriver driver(*folder_);
+    driver.settings.Set(setting::section, setting::showDisclaimer, setting::no);
+    driver.settings.Set(setting::section, setting::firstRun, setting::no);
+    driver.boxes.ExpectButton(T("frmRecovery"), T("Recover"));
+    driver.window->Greet();
+    QCOMPARE(driver.told, QStringList{Q(message::openingJob)});
+    QVERIFY(!driver.window->isWindowModified());
+    QVERIFY(driver.window->windowTitle().startsWith(T("New job")));
+    QCOMPARE(test::Slurp(copy), damaged);
+}
+
 // Records
 // ---------------------------------------------------------------------------------------------------------------
 
@@ -328,6 +364,76 @@ void JobsTest::OfferAnotherPlaceForRecords() {
     WindowDriver next(*folder_);
     QCOMPARE(next.told, QStringList());
     QCOMPARE(next.Session().Records().BaseMetals.back().Name, std::string("Zinc"));
+}
+
+/// The fuel of the job takes over the job's price with each calculation; a new price of the record has to
+/// reach the job before that.
+void JobsTest::KeepTheFiguresOfAFuelInUse() {
+    WindowDriver driver(*folder_);
+    driver.window->ShowPanel(Panel::fuels);
+    auto& grid = driver.Find<QTableView>(T("flxFuel"));
+    grid.selectRow(0);
+    const auto price = [&](const char* verb, const char* cost) {
+        driver.boxes.Expect(T("frmFuel"), [cost](QDialog& box) {
+            auto* const line = box.findChild<QLineEdit*>(QStringLiteral("txtCost"));
+            line->selectAll();
+            QTest::keyClicks(line, QLatin1String(cost));
+            box.findChild<QAbstractButton*>(QStringLiteral("cmdOK"))->click();
+        });
+        driver.Click(QLatin1String(verb));
+        QTest::qWait(50); // the answer follows by itself
+    };
+    price("cmdDuplicateFuel", "5.25");
+    const CFuel& mine = driver.Session().Records().Fuels.back();
+    driver.Session().Choose(Field::Fuel, mine.Name);
+    driver.Session().Choose(Field::ReportFuel, mine.Name);
+    driver.Session().SetText(Field::ConversionEfficiency, "72");
+    driver.Session().SetText(Field::ReportFuelCost, "9.99"); // typed, not the record's
+    driver.window->ShowPanel(Panel::fuels);
+    grid.selectRow(grid.model()->rowCount() - 1);
+    price("cmdEditFuel", "7.75");
+    QVERIFY2(driver.boxes.AreDone(), qPrintable(driver.boxes.unexpected.join(u'\n')));
+    QCOMPARE(mine.Cost, 7.75F);
+    QCOMPARE(driver.TheJob()[Field::FuelCost], std::string("7.75"));
+    QCOMPARE(driver.TheJob()[Field::ConversionEfficiency], std::string("72"));
+    QCOMPARE(driver.TheJob()[Field::ReportFuelCost], std::string("9.99"));
+}
+
+void JobsTest::LeaveTheRecordsOfAnotherWindow() {
+    const auto add = [](WindowDriver& driver, const char* name) {
+        driver.Session().EditRecords([name](Catalogue& catalogue, Job& job) {
+            CBaseMetal metal = NewBaseMetal(catalogue);
+            metal.Name = name;
+            Accept(catalogue, job, metal);
+        });
+    };
+    const auto last = [this] { return WindowDriver(*folder_).Session().Records().BaseMetals.back().Name; };
+    {
+        WindowDriver idle(*folder_);
+        {
+            WindowDriver adding(*folder_);
+            add(adding, "Gunmetal");
+            QVERIFY(adding.window->close());
+        }
+        QVERIFY(idle.window->close());
+    }
+    QCOMPARE(last(), std::string("Gunmetal"));
+    // What both have changed cannot be saved by the second without a word.
+    const fs::path elsewhere = folder_->Scratch("mine.xml");
+    WindowDriver second(*folder_);
+    {
+        WindowDriver first(*folder_);
+        add(first, "Pewter");
+        QVERIFY(first.window->close());
+    }
+    second.window->show(); // the first one closes all windows of its process
+    add(second, "Bell metal");
+    second.boxes.ExpectButton(T("frmRecordsNotSaved"), T("Save elsewhere..."));
+    second.boxes.ExpectFile(elsewhere);
+    QVERIFY(second.window->close());
+    QVERIFY2(second.boxes.AreDone(), qPrintable(second.boxes.unexpected.join(u'\n')));
+    QCOMPARE(last(), std::string("Pewter"));
+    QVERIFY(test::Slurp(elsewhere).find("Bell metal") != std::string::npos);
 }
 
 } // namespace
