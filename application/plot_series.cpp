@@ -223,7 +223,7 @@ PlotModel ProfilePlot(const SectionModel& section) {
     AddCurve(plot, std::move(known));
     if (section.fault.empty()) {
         plot.marks.push_back({PlotMark::Kind::limit, temperature(section.ambientTemp), false,
-                              "ambient " + section.ambientText});
+                              "ambient " + section.ambientText, true});
     }
     CheckEmpty(plot, section.fault.c_str());
     return plot;
@@ -268,6 +268,7 @@ PlotModel EmissionPlot(const CalculationResult& result, std::size_t row) {
         curve.dots = curve.style == 0;
         AddCurve(plot, std::move(curve));
     }
+    plot.namesAcross = 3; // seven names are two wide lines
     if (styles[1] > 0) {
         plot.right = PlotAxis{plot.left.title, true};
         NameAxes(plot);

@@ -46,6 +46,7 @@ struct PlotMark {
     double value = 0;
     bool onRight = false;
     std::string text;
+    bool textAtStart = false; ///< of a limit: where the curve is far from it; else at the end
 };
 
 struct PlotAxis {

@@ -13,6 +13,7 @@ namespace {
 constexpr int sideMargin = 10;
 constexpr int topMargin = 4;
 constexpr int narrowest = 60;
+constexpr int rounding = 2; ///< widths of texts are rounded, and one pixel too few costs three letters
 } // namespace
 
 TwoLineHeader::TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -30,7 +31,7 @@ QSize TwoLineHeader::sectionSizeFromContents(int column) const {
     const QFontMetrics unit(theme::CaptionFont());
     const int width = std::max(name.horizontalAdvance(TextOf(column, Qt::DisplayRole)),
                                unit.horizontalAdvance(TextOf(column, Qt::UserRole)));
-    return {width + 2 * sideMargin, name.height() + unit.height() + 2 * topMargin};
+    return {width + rounding + 2 * sideMargin, name.height() + unit.height() + 2 * topMargin};
 }
 
 void TwoLineHeader::paintSection(QPainter* painter, const QRect& rect, int column) const {

@@ -18,6 +18,7 @@
 #include "ui/theme.h"
 #include "ui/viewer/view_report.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QTest>
@@ -77,6 +78,9 @@ private:
             session.Choose(Field::InsulationThicknessCalculationType,
                            std::string(calculationTypeNames[static_cast<std::size_t>(type)]));
             Take(window, QStringLiteral("type-%1").arg(type));
+            if (calculationTypeNames[static_cast<std::size_t>(type)] == "Heat Loss Per Year") {
+                TakePlots(window);
+            }
         }
         session.Choose(Field::InsulationThicknessCalculationType, std::string(calculationTypeNames[0]));
         session.SetText(Field::ProcessTemp, "35x");
@@ -89,6 +93,14 @@ private:
         window.ShowPosition({1, 3});
         Take(window, QStringLiteral("narrow-results"));
         window.resize(1280, 800);
+    }
+
+    /// A year's calculation has every plot there is.
+    void TakePlots(MainWindow& window) {
+        for (const char* const plot : {"Profile", "Cost", "Emissions", "Sensitivity", "Thickness"}) {
+            window.findChild<QAbstractButton*>(QStringLiteral("cmdPlot") + QLatin1String(plot))->click();
+            Take(window, QStringLiteral("plot-%1").arg(QString::fromLatin1(plot).toLower()));
+        }
     }
 
     void TakeDialogs(MainWindow& window, Units units) {

@@ -18,6 +18,7 @@ constexpr double lineWidth = 1.8;
 constexpr double room = 0.06;     // of a range, left free at its ends
 constexpr double barWidth = 0.36; // of the distance from bar to bar
 constexpr int fewTicks = 4;
+constexpr double million = 1e6;
 constexpr double ringSize = 12;
 
 /// A span of values that grows.
@@ -46,6 +47,33 @@ QCPRange RangeOf(Span span, bool fromZero) {
     const bool startsAtZero = fromZero && span.low == 0;
     const bool endsAtZero = fromZero && span.high == 0 && !startsAtZero;
     return {span.low - (startsAtZero ? 0 : room * size), span.high + (endsAtZero ? 0 : room * size)};
+}
+
+/// Ticks of large numbers, which the title counts in millions.
+class MillionsTicker final : public QCPAxisTicker {
+protected:
+    QString getTickLabel(double tick, const QLocale& locale, QChar formatChar, int precision) override {
+        return QCPAxisTicker::getTickLabel(tick / million, locale, formatChar, precision);
+    }
+};
+
+/// "Heat Loss, BTU/ft/yr" as "Heat Loss, 10⁶ BTU/ft/yr".
+QString InMillions(QString title) {
+    const QString mark = QStringLiteral(", ");
+    const auto unit = title.lastIndexOf(mark);
+    return unit < 0 ? title + QStringLiteral(", 10⁶")
+                    : title.insert(unit + mark.size(), QStringLiteral("10⁶ "));
+}
+
+/// Seven figures and more would stand as "1.5e+06".
+void CountLargeInMillions(QCPAxis& axis) {
+    if (std::max(std::abs(axis.range().lower), std::abs(axis.range().upper)) < million) {
+        return;
+    }
+    const auto ticker = QSharedPointer<MillionsTicker>::create();
+    ticker->setTickCount(axis.ticker()->tickCount());
+    axis.setTicker(ticker);
+    axis.setLabel(InMillions(axis.label()));
 }
 
 Qt::PenStyle PenStyleOf(int style) {
@@ -251,6 +279,8 @@ void PlotPainter::SetRanges(QCPAxisRect& rect) {
     rect.axis(QCPAxis::atBottom)->setRange(RangeOf(x, model_.x.fromZero));
     rect.axis(QCPAxis::atLeft)->setRange(RangeOf(y[0], model_.left.fromZero));
     rect.axis(QCPAxis::atRight)->setRange(RangeOf(y[1], model_.right && model_.right->fromZero));
+    CountLargeInMillions(*rect.axis(QCPAxis::atLeft));
+    CountLargeInMillions(*rect.axis(QCPAxis::atRight));
 }
 
 void PlotPainter::AddMark(QCPAxisRect& rect, const PlotMark& mark) {
@@ -311,8 +341,9 @@ void PlotPainter::AddText(QCPAxisRect& rect, QCPAxis& axis, const PlotMark& mark
     }
     text->position->setTypeX(QCPItemPosition::ptAxisRectRatio);
     text->position->setTypeY(isOutside ? QCPItemPosition::ptAxisRectRatio : QCPItemPosition::ptPlotCoords);
-    text->position->setCoords(0.99, isOutside ? (isAbove ? 0.0 : 1.0) : mark.value);
-    text->setPositionAlignment(Qt::AlignRight | (isOutside && isAbove ? Qt::AlignTop : Qt::AlignBottom));
+    text->position->setCoords(mark.textAtStart ? 0.01 : 0.99, isOutside ? (isAbove ? 0.0 : 1.0) : mark.value);
+    text->setPositionAlignment((mark.textAtStart ? Qt::AlignLeft : Qt::AlignRight) |
+                               (isOutside && isAbove ? Qt::AlignTop : Qt::AlignBottom));
 }
 
 // Bars
@@ -368,9 +399,10 @@ void PlotPainter::AddBars(QCPAxisRect& rect, const PlotBars& bars, bool named) {
         plottable->setData(shifted, isHigh ? high : low);
     }
     names.setRange(0.4, static_cast<double>(bars.bars.size()) + 0.6);
-    // The words at the ends of the bars need as much room as the longest bar.
+    // The words at the ends of the bars need twice the room of the longest bar.
     const double widest = std::max({span.high, -span.low, 1e-9});
-    values.setRange(-2.2 * widest, 2.2 * widest);
+    constexpr double withWords = 3.2;
+    values.setRange(-withWords * widest, withWords * widest);
 }
 
 void PlotPainter::AddBarText(QCPAxisRect& rect, double value, double place, const std::string& text) {
@@ -387,7 +419,7 @@ void PlotPainter::AddBarText(QCPAxisRect& rect, double value, double place, cons
     item->position->setAxisRect(&rect);
     item->position->setAxes(rect.axis(QCPAxis::atBottom), rect.axis(QCPAxis::atLeft));
     item->position->setCoords(value, place);
-    item->setPadding({3, 0, 3, 0});
+    item->setPadding({2, 0, 2, 0});
     item->setPositionAlignment((value < 0 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
