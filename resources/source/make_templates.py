@@ -286,10 +286,13 @@ def economic_tables():
 
 
 def units_legend():
-    units = (("Thickness", 1), ("Heat <HeatGain/>", 2), ("Surface temp.", 3), ("Installed cost", 4),
-             ("Payback", 6), ("Annual cost", 7))
-    widths = (WIDTH // len(units),) * len(units)
-    cells = [cell(rf"{label}\line <Units{number}/>", "Report Small", r"\sb60") for label, number in units]
+    """Names and units under the columns of the table above, which makes its first one as wide as this."""
+    units = (("Thickness", 1), ("Heat <HeatGain/>", 2), ("Surface Temp", 3), ("Installed Cost", 4),
+             ("Payback", 6), ("Annual Cost", 7), ("Total Savings", 7))
+    width = (WIDTH - 1240) // (len(units) - 1)
+    widths = (WIDTH - width * (len(units) - 1),) + (width,) * (len(units) - 1)
+    cells = [cell(rf"{label}\line <Units{number}/>", "Report Small", (r"\qr" if i else "") + r"\sb60")
+             for i, (label, number) in enumerate(units)]
     return row(widths, cells, "")
 
 
