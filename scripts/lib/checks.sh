@@ -9,15 +9,21 @@ describe() {
         arrows) echo "each folder includes only what lies below it" ;;
         headers) echo "every header compiles alone" ;;
         reference) echo "the shipped reference data are those of their source tables" ;;
-        sanitize) echo "warnings as errors; every test under the address and undefined-behaviour sanitizers" ;;
+        warnings) echo "the release, warnings as errors" ;;
+        sanitize) echo "warnings of clang as errors; every test under the address and undefined-behaviour sanitizers" ;;
         tidy) echo "clang-tidy over every source file" ;;
         fuzz) echo "every fuzz target for ${FUZZ_SECONDS:-15} s" ;;
     esac
 }
 
+check_warnings() {
+    KALORIA_WERROR=ON build release
+}
+
+# With the fuzz targets, which share all but their own objects with the tests.
 check_sanitize() {
-    build sanitize
-    ctest --preset sanitize -j "$CORES"
+    timed "sanitize build" build sanitize
+    timed "tests" ctest --preset sanitize -j "$CORES"
 }
 
 # Other versions lay the same code out differently, so only the one that .clang-format is written for counts.
@@ -46,7 +52,7 @@ check_tidy() {
 }
 
 # A header that its own source includes before anything else is seen alone whenever that source is compiled
-# without precompiled headers, as the tidy step does.
+# without precompiled headers, as the sanitize step does.
 check_headers() {
     local header source
     sources -name '*.h' | while read -r header; do
@@ -87,8 +93,8 @@ check_arrows() {
 }
 
 check_fuzz() {
-    build fuzz tests/fuzz/all
-    local programs=(build/fuzz/bin/*_fuzz)
+    build sanitize tests/fuzz/all
+    local programs=(build/sanitize/bin/*_fuzz)
     [[ -x ${programs[0]} ]] || fail "no fuzz target was built"
     printf '%s\n' "${programs[@]}" |
         xargs --max-procs="$CORES" --max-args=1 scripts/lib/fuzz-one "${FUZZ_SECONDS:-15}"

@@ -28,11 +28,19 @@ quietly() {
     return 1
 }
 
-# build PRESET [TARGET...]: configures and builds, all targets when none is named.
+# timed NAME COMMAND...: runs a command and says how long it took, by the clock and in computing.
+timed() {
+    local TIMEFORMAT="== $1: %0R s (computing: user %0U s, system %0S s)"
+    shift
+    time "$@"
+}
+
+# build PRESET [TARGET...]: configures and builds, all targets when none is named. KALORIA_WERROR=ON in the
+# environment makes warnings errors, from then on in that build folder.
 build() {
     local preset=$1
     shift
-    quietly cmake --preset "$preset"
+    quietly cmake --preset "$preset" ${KALORIA_WERROR:+-D KALORIA_WERROR="$KALORIA_WERROR"}
     cmake --build --preset "$preset" -j "$CORES" ${1+--target "$@"} >&2
 }
 
